@@ -1,0 +1,46 @@
+# The two commands of the README, and a few more. Every target installs what is missing first.
+BUILD ?= build
+CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=Debug
+JOBS ?= $(shell nproc)
+
+.PHONY: all bootstrap build run demo test asan format format-check clean
+
+all: build
+
+bootstrap:
+	@scripts/bootstrap
+
+$(BUILD)/build.ninja:
+	@scripts/bootstrap
+	cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS)
+
+build: $(BUILD)/build.ninja
+	cmake --build $(BUILD) -j $(JOBS)
+
+# The desktop program; with no display it says so and runs the demo instead.
+run: build
+	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ] || [ -n "$$QT_QPA_PLATFORM" ]; then \
+		$(BUILD)/src/vor $(ARGS); \
+	else \
+		echo "vor: no display found (neither DISPLAY nor WAYLAND_DISPLAY is set); running the headless demo instead."; \
+		$(MAKE) --no-print-directory demo; \
+	fi
+
+demo: build
+	@scripts/demo $(BUILD)/src/vor
+
+test: build
+	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+
+# The same tests under AddressSanitizer and UBSan, in a build directory of their own.
+asan:
+	$(MAKE) --no-print-directory test BUILD=build-asan CMAKE_FLAGS="-DCMAKE_BUILD_TYPE=Debug -DVOR_SANITIZE=ON"
+
+format:
+	clang-format -i $$(git ls-files '*.cpp' '*.h')
+
+format-check:
+	clang-format --dry-run --Werror $$(git ls-files '*.cpp' '*.h')
+
+clean:
+	rm -rf build build-asan

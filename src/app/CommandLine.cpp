@@ -1,0 +1,176 @@
+#include "app/CommandLine.h"
+
+#include "app/Paths.h"
+#include "app/Startup.h"
+#include "shell/MainWindow.h"
+#include "shell/StartupChecks.h"
+#include "rules/Formats.h"
+#include "store/Database.h"
+#include "store/Failure.h"
+#include "store/TableCatalogue.h"
+#include "ui/ErrorRoutine.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QScreen>
+#include <QTextStream>
+#include <cstring>
+#include <memory>
+
+namespace app {
+
+namespace {
+
+QTextStream& out()
+{
+    static QTextStream stream(stdout);
+    return stream;
+}
+
+QTextStream& err()
+{
+    static QTextStream stream(stderr);
+    return stream;
+}
+
+void describe(QCommandLineParser& parser, const QString& command)
+{
+    parser.setApplicationDescription(
+        QStringLiteral("VOR - Caderno Vorel de Empreendimento\n\n"
+                       "  vor [--database FILE]            the desktop program\n"
+                       "  vor init --database FILE         create the database and exit\n"
+                       "  vor summary --database FILE      print what the database holds"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOption({QStringLiteral("database"),
+                      QStringLiteral("The database file (default: $VOR_DATABASE, else "
+                                     "$XDG_DATA_HOME/vor/VOR-POSTO.db)."),
+                      QStringLiteral("FILE")});
+    if (!command.isEmpty())
+        parser.addPositionalArgument(QStringLiteral("command"), command);
+}
+
+// Opens (and so creates or migrates) the database; a failure is printed, not shown.
+std::unique_ptr<store::Database> openForCommand(const QString& path)
+{
+    try {
+        return std::make_unique<store::Database>(path);
+    } catch (const store::Failure& failure) {
+        err() << "vor: " << path << ": "
+              << (failure.fromDatabase() ? store::databaseErrorText(failure)
+                                         : failure.description())
+              << Qt::endl;
+        return nullptr;
+    }
+}
+
+int runInit(const QString& path)
+{
+    auto db = openForCommand(path);
+    if (!db)
+        return 1;
+    out() << path << Qt::endl;
+    return 0;
+}
+
+int runSummary(const QString& path)
+{
+    auto db = openForCommand(path);
+    if (!db)
+        return 1;
+    try {
+        out() << "Banco de dados: " << path << " (esquema " << db->userVersion() << ")"
+              << Qt::endl;
+        for (const store::Table& t : store::allTables()) {
+            const qlonglong rows =
+                db->scalar(QStringLiteral("SELECT COUNT(*) FROM \"%1\"").arg(t.qname()))
+                    .toLongLong();
+            out() << QStringLiteral("  %1 %2 linhas, %3 colunas")
+                         .arg(t.qname(), -24)
+                         .arg(rows, 6)
+                         .arg(t.columns.size())
+                  << Qt::endl;
+        }
+    } catch (const store::Failure& failure) {
+        err() << "vor: " << store::databaseErrorText(failure) << Qt::endl;
+        return 1;
+    }
+    return 0;
+}
+
+bool hasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+int runDesktop(int argc, char* argv[])
+{
+    if (!hasDisplay()) {
+        err() << "vor: no display found (DISPLAY and WAYLAND_DISPLAY are unset); the desktop "
+                 "program needs one. Try 'make demo' for the headless demo."
+              << Qt::endl;
+        return 2;
+    }
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("vor"));
+    QApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
+    QCommandLineParser parser;
+    describe(parser, QString());
+    parser.process(application);
+
+    const QString path = databasePath(parser.value(QStringLiteral("database")));
+    reportIncoming(takeIncomingDatabase(path), path);
+
+    std::unique_ptr<store::Database> db;
+    if (!ui::runGuarded([&] { db = std::make_unique<store::Database>(path); }))
+        return 1;
+
+    // A failed date check does not skip the screen check: the user learns of both.
+    bool canGoOn = shell::checkDateFormat(rules::kShortDateFormat);
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (screen && !shell::checkScreen(screen->availableSize()))
+        canGoOn = false;
+    if (!canGoOn)
+        return 1;
+
+    shell::MainWindow window(*db);
+    window.show();
+    return QApplication::exec();
+}
+
+} // namespace
+
+int runCommandLine(int argc, char* argv[])
+{
+    const bool isCommand = argc > 1 && argv[1][0] != '-';
+    const bool wantsVersionOrHelp =
+        argc > 1 && (std::strcmp(argv[1], "--version") == 0 || std::strcmp(argv[1], "-v") == 0 ||
+                     std::strcmp(argv[1], "--help") == 0 || std::strcmp(argv[1], "-h") == 0);
+    if (!isCommand && !wantsVersionOrHelp)
+        return runDesktop(argc, argv);
+
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("vor"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
+    QCommandLineParser parser;
+    describe(parser, QStringLiteral("init | summary"));
+    parser.process(application);
+
+    const QStringList args = parser.positionalArguments();
+    const QString command = args.value(0);
+    const QString database = parser.value(QStringLiteral("database"));
+    if (command == QLatin1String("init") || command == QLatin1String("summary")) {
+        if (database.isEmpty()) {
+            err() << "vor " << command << ": --database FILE is required" << Qt::endl;
+            return 2;
+        }
+        return command == QLatin1String("init") ? runInit(database) : runSummary(database);
+    }
+    err() << "vor: unknown command '" << command << "'" << Qt::endl;
+    parser.showHelp(2);
+}
+
+} // namespace app

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+namespace app {
+
+inline const QString kDatabaseFileName = QStringLiteral("VOR-POSTO.db");
+
+// Joins a folder and a file name with one separator, adding it only where the folder does not
+// already end in one: a folder at the root of a drive must not give a doubled separator.
+QString joinPath(const QString& folder, const QString& fileName);
+
+// The database in use: the --database argument, else $VOR_DATABASE, else
+// $XDG_DATA_HOME/vor/VOR-POSTO.db ($XDG_DATA_HOME defaulting to ~/.local/share).
+QString databasePath(const QString& commandLineArgument);
+
+// Where a new release leaves its database for the next start: incoming/ beside the database
+// in use, with the same file name.
+QString incomingDatabasePath(const QString& databasePath);
+
+enum class IncomingOutcome {
+    Nothing,     // no database waiting
+    MovedInto,   // the waiting database became the one in use
+    BothKept,    // a database is waiting and one is in use: both stay untouched
+    MoveFailed,  // the waiting database could not be moved; it stays where it was
+};
+
+// Moves a waiting database into place when none is in use yet.
+IncomingOutcome takeIncomingDatabase(const QString& databasePath);
+
+} // namespace app

@@ -1,0 +1,151 @@
+#include "store/Database.h"
+
+#include "store/Failure.h"
+#include "store/ReferenceData.h"
+#include "store/TableCatalogue.h"
+
+#include <QAtomicInt>
+#include <QDir>
+#include <QFileInfo>
+#include <QSqlError>
+#include <functional>
+#include <vector>
+
+namespace store {
+
+namespace {
+
+QAtomicInt connectionCounter;
+
+[[noreturn]] void fail(const QSqlError& error, const QString& statement)
+{
+    throw Failure::fromSql(error, statement);
+}
+
+// Steps from each schema version to the next; step i takes a database from version i to i + 1.
+// A new release appends steps (new tables, new columns) and never rewrites an old one.
+const std::vector<std::function<void(Database&)>> kMigrations = {
+    // 0 -> 1: the whole schema with the reference rows.
+    [](Database& db) {
+        for (const Table& t : allTables())
+            db.run(createTableSql(t));
+        loadReferenceData(db);
+    },
+};
+
+} // namespace
+
+Database::Database(const QString& path)
+    : m_path(path)
+    , m_connectionName(QStringLiteral("vor-%1").arg(connectionCounter.fetchAndAddRelaxed(1)))
+{
+    const QFileInfo info(path);
+    if (!info.absoluteDir().exists() && !QDir().mkpath(info.absolutePath()))
+        throw Failure::other(76, QStringLiteral("Caminho não encontrado: ") + info.absolutePath());
+
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
+    db.setDatabaseName(path);
+    if (!db.open()) {
+        const QSqlError error = db.lastError();
+        db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(m_connectionName);
+        fail(error, QString());
+    }
+    try {
+        migrate();
+    } catch (...) {
+        db.close();
+        db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(m_connectionName);
+        throw;
+    }
+}
+
+Database::~Database()
+{
+    {
+        QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
+        if (m_inTransaction)
+            db.rollback();
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(m_connectionName);
+}
+
+QSqlDatabase Database::handle() const { return QSqlDatabase::database(m_connectionName, false); }
+
+QSqlQuery Database::run(const QString& sql, const QVariantList& values)
+{
+    QSqlQuery query(handle());
+    query.setForwardOnly(true);
+    if (!query.prepare(sql))
+        fail(query.lastError(), sql);
+    for (const QVariant& v : values)
+        query.addBindValue(v);
+    if (!query.exec())
+        fail(query.lastError(), sql);
+    return query;
+}
+
+QVariant Database::scalar(const QString& sql, const QVariantList& values)
+{
+    QSqlQuery query = run(sql, values);
+    return query.next() ? query.value(0) : QVariant();
+}
+
+int Database::userVersion() { return scalar(QStringLiteral("PRAGMA user_version")).toInt(); }
+
+void Database::begin()
+{
+    if (m_inTransaction)
+        throw Failure::other(3003, QStringLiteral("Uma transação já está aberta."));
+    if (!handle().transaction())
+        fail(handle().lastError(), QStringLiteral("BEGIN"));
+    m_inTransaction = true;
+}
+
+void Database::commit()
+{
+    if (!handle().commit())
+        fail(handle().lastError(), QStringLiteral("COMMIT"));
+    m_inTransaction = false;
+}
+
+void Database::rollback()
+{
+    handle().rollback();
+    m_inTransaction = false;
+}
+
+void Database::migrate()
+{
+    const int from = userVersion();
+    if (from >= kSchemaVersion)
+        return;
+    Transaction transaction(*this);
+    for (int v = from; v < kSchemaVersion; ++v)
+        kMigrations[std::size_t(v)](*this);
+    // PRAGMA takes no bound parameter; the value is our own constant.
+    run(QStringLiteral("PRAGMA user_version = %1").arg(kSchemaVersion));
+    transaction.commit();
+}
+
+Transaction::Transaction(Database& db)
+    : m_db(db)
+{
+    m_db.begin();
+}
+
+Transaction::~Transaction()
+{
+    if (!m_done)
+        m_db.rollback();
+}
+
+void Transaction::commit()
+{
+    m_db.commit();
+    m_done = true;
+}
+
+} // namespace store

@@ -1,0 +1,83 @@
+// The program as the agency's scripts and the demo run it.
+#include "store/Database.h"
+#include "support/TestEnvironment.h"
+
+#include <QProcess>
+#include <QTest>
+
+namespace {
+
+struct Run {
+    int exitCode;
+    QString out;
+    QString err;
+};
+
+Run vor(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(qEnvironmentVariable("VOR_BINARY"), arguments);
+    process.waitForFinished(120000);
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+} // namespace
+
+class TestCommandLine : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initCreatesDatabaseAndLeavesAnExistingOneAsItIs()
+    {
+        testsupport::TestEnvironment env;
+        const QString path = env.path(QStringLiteral("sub/dir/agencia.db"));
+        Run run = vor({QStringLiteral("init"), QStringLiteral("--database"), path});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(QFile::exists(path));
+        {
+            store::Database db(path);
+            db.run(QStringLiteral("INSERT INTO EMPRS (NMUNCP, NSEQNC) VALUES (100, 7)"));
+        }
+        run = vor({QStringLiteral("init"), QStringLiteral("--database"), path});
+        QCOMPARE(run.exitCode, 0);
+        store::Database db(path);
+        QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM EMPRS")).toInt(), 1);
+        QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM MUNCP")).toInt(), 671);
+    }
+
+    void summaryListsEveryTable()
+    {
+        testsupport::TestEnvironment env;
+        const QString path = env.path(QStringLiteral("x.db"));
+        const Run run = vor({QStringLiteral("summary"), QStringLiteral("--database"), path});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(run.out.contains(QStringLiteral("EMPRS")));
+        QVERIFY(run.out.contains(QStringLiteral("TB_POSTOAREATROCAOLEO")));
+        QVERIFY(run.out.contains(QStringLiteral("DICNRMONTRAMBNT")));
+    }
+
+    void refusalsGoToStandardErrorWithNonZeroStatus()
+    {
+        Run run = vor({QStringLiteral("init")});
+        QVERIFY(run.exitCode != 0);
+        QVERIFY(run.err.contains(QStringLiteral("--database")));
+        run = vor({QStringLiteral("frobnicate")});
+        QVERIFY(run.exitCode != 0);
+        // A database that cannot be created is reported, not crashed on.
+        run = vor({QStringLiteral("init"), QStringLiteral("--database"),
+                   QStringLiteral("/proc/vor/nao-pode.db")});
+        QVERIFY(run.exitCode != 0);
+        QVERIFY(!run.err.isEmpty());
+    }
+
+    void versionIsPrinted()
+    {
+        const Run run = vor({QStringLiteral("--version")});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(run.out.contains(QStringLiteral(VOR_VERSION)));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCommandLine)
+#include "test_command_line.moc"

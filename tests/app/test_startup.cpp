@@ -1,0 +1,169 @@
+#include "app/Paths.h"
+#include "app/Startup.h"
+#include "shell/StartupChecks.h"
+#include "rules/Formats.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestEnvironment.h"
+
+#include <QFile>
+#include <QTest>
+
+namespace {
+
+const QString kTitle = QStringLiteral("ATENÇÃO! Impossível continuar...");
+
+void writeFile(const QString& path, const QByteArray& content)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+class TestStartup : public QObject {
+    Q_OBJECT
+
+private slots:
+    void joinPathAddsOneSeparator_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<QString>("joined");
+        QTest::newRow("root") << "/" << "/VOR-POSTO.db";
+        QTest::newRow("plain folder") << "/opt/vor" << "/opt/vor/VOR-POSTO.db";
+        QTest::newRow("trailing separator") << "/opt/vor/" << "/opt/vor/VOR-POSTO.db";
+    }
+
+    void joinPathAddsOneSeparator()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QString, joined);
+        QCOMPARE(app::joinPath(folder, QStringLiteral("VOR-POSTO.db")), joined);
+    }
+
+    void databasePathPrefersArgumentThenEnvironment()
+    {
+        testsupport::TestEnvironment env;
+        const QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
+        QCOMPARE(app::databasePath(QString()), dataHome + QStringLiteral("/vor/VOR-POSTO.db"));
+        qputenv("VOR_DATABASE", "/srv/agencia/vor.db");
+        QCOMPARE(app::databasePath(QString()), QStringLiteral("/srv/agencia/vor.db"));
+        QCOMPARE(app::databasePath(QStringLiteral("/tmp/x.db")), QStringLiteral("/tmp/x.db"));
+        qunsetenv("VOR_DATABASE");
+        qunsetenv("XDG_DATA_HOME");
+        QVERIFY(app::databasePath(QString()).endsWith(
+            QStringLiteral("/.local/share/vor/VOR-POSTO.db")));
+    }
+
+    void waitingDatabaseIsMovedWhenNoneIsInUse()
+    {
+        testsupport::TestEnvironment env;
+        testsupport::ScriptedDialogs dialogs;
+        const QString db = app::databasePath(QString());
+        const QString incoming = app::incomingDatabasePath(db);
+        QCOMPARE(incoming, qEnvironmentVariable("XDG_DATA_HOME") +
+                               QStringLiteral("/vor/incoming/VOR-POSTO.db"));
+        writeFile(incoming, "nova versão");
+
+        const app::IncomingOutcome outcome = app::takeIncomingDatabase(db);
+        app::reportIncoming(outcome, db);
+        QCOMPARE(outcome, app::IncomingOutcome::MovedInto);
+        QCOMPARE(readFile(db), QByteArray("nova versão"));
+        QVERIFY(!QFile::exists(incoming));
+        QVERIFY(dialogs.shown().isEmpty());
+    }
+
+    void bothDatabasesAreKeptUntouchedAndTheUserIsTold()
+    {
+        testsupport::TestEnvironment env;
+        testsupport::ScriptedDialogs dialogs;
+        const QString db = app::databasePath(QString());
+        const QString incoming = app::incomingDatabasePath(db);
+        writeFile(db, "cadastros do posto");
+        writeFile(incoming, "nova versão");
+
+        const app::IncomingOutcome outcome = app::takeIncomingDatabase(db);
+        app::reportIncoming(outcome, db);
+        QCOMPARE(outcome, app::IncomingOutcome::BothKept);
+        QCOMPARE(readFile(db), QByteArray("cadastros do posto"));
+        QCOMPARE(readFile(incoming), QByteArray("nova versão"));
+        QCOMPARE(dialogs.shown().size(), 1);
+        QVERIFY(dialogs.last().text.contains(incoming));
+        QVERIFY(dialogs.last().text.contains(QStringLiteral("transferirá os cadastros")));
+    }
+
+    void nothingWaitingMeansNothingHappens()
+    {
+        testsupport::TestEnvironment env;
+        const QString db = app::databasePath(QString());
+        QCOMPARE(app::takeIncomingDatabase(db), app::IncomingOutcome::Nothing);
+        QVERIFY(!QFile::exists(db));
+    }
+
+    void dateFormatNeedsFourDigitYears_data()
+    {
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("the program's own") << rules::kShortDateFormat << true;
+        QTest::newRow("year first with dashes") << "yyyy-MM-dd" << true;
+        QTest::newRow("two-digit year") << "dd/MM/yy" << false;
+    }
+
+    void dateFormatNeedsFourDigitYears()
+    {
+        QFETCH(QString, format);
+        QFETCH(bool, accepted);
+        testsupport::ScriptedDialogs dialogs;
+        QCOMPARE(shell::checkDateFormat(format, QDate(2026, 3, 5)), accepted);
+        if (accepted) {
+            QVERIFY(dialogs.shown().isEmpty());
+            return;
+        }
+        QCOMPARE(dialogs.shown().size(), 1);
+        QCOMPARE(dialogs.last().title, kTitle);
+        QCOMPARE(dialogs.last().icon, ui::Icon::Information);
+        QCOMPARE(dialogs.last().text,
+                 QStringLiteral("Altere no Windows, o formato atual de data para 4 dígitos!\n"
+                                "Em Configurações Regionais escolha \n"
+                                "o item Data, e altere o estilo para dd/mm/aaaa "));
+    }
+
+    void screenMustNotBeBothShortAndNarrow_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("640x480") << QSize(640, 480) << false;
+        QTest::newRow("799x599") << QSize(799, 599) << false;
+        QTest::newRow("800x600") << QSize(800, 600) << true;
+        QTest::newRow("1024x768") << QSize(1024, 768) << true;
+        QTest::newRow("1024x600") << QSize(1024, 600) << true;
+        QTest::newRow("narrow but tall") << QSize(700, 600) << true;
+        QTest::newRow("wide but short") << QSize(1024, 500) << true;
+    }
+
+    void screenMustNotBeBothShortAndNarrow()
+    {
+        QFETCH(QSize, size);
+        QFETCH(bool, accepted);
+        testsupport::ScriptedDialogs dialogs;
+        QCOMPARE(shell::checkScreen(size), accepted);
+        if (accepted) {
+            QVERIFY(dialogs.shown().isEmpty());
+            return;
+        }
+        QCOMPARE(dialogs.last().title, kTitle);
+        QCOMPARE(dialogs.last().text,
+                 QStringLiteral("Altere no Windows, o tamanho da tela para 800x600 (Fontes "
+                                "Pequenas)!"));
+    }
+};
+
+QTEST_MAIN(TestStartup)
+#include "test_startup.moc"
