@@ -2,9 +2,9 @@
 
 #include "app/Paths.h"
 #include "app/Startup.h"
+#include "rules/Formats.h"
 #include "shell/MainWindow.h"
 #include "shell/StartupChecks.h"
-#include "rules/Formats.h"
 #include "store/Database.h"
 #include "store/Failure.h"
 #include "store/TableCatalogue.h"
@@ -22,20 +22,17 @@ namespace app {
 
 namespace {
 
-QTextStream& out()
-{
+QTextStream& out() {
     static QTextStream stream(stdout);
     return stream;
 }
 
-QTextStream& err()
-{
+QTextStream& err() {
     static QTextStream stream(stderr);
     return stream;
 }
 
-void describe(QCommandLineParser& parser, const QString& command)
-{
+void describe(QCommandLineParser& parser, const QString& command) {
     parser.setApplicationDescription(
         QStringLiteral("VOR - Caderno Vorel de Empreendimento\n\n"
                        "  vor [--database FILE]            the desktop program\n"
@@ -52,8 +49,7 @@ void describe(QCommandLineParser& parser, const QString& command)
 }
 
 // Opens (and so creates or migrates) the database; a failure is printed, not shown.
-std::unique_ptr<store::Database> openForCommand(const QString& path)
-{
+std::unique_ptr<store::Database> openForCommand(const QString& path) {
     try {
         return std::make_unique<store::Database>(path);
     } catch (const store::Failure& failure) {
@@ -65,8 +61,7 @@ std::unique_ptr<store::Database> openForCommand(const QString& path)
     }
 }
 
-int runInit(const QString& path)
-{
+int runInit(const QString& path) {
     auto db = openForCommand(path);
     if (!db)
         return 1;
@@ -74,14 +69,12 @@ int runInit(const QString& path)
     return 0;
 }
 
-int runSummary(const QString& path)
-{
+int runSummary(const QString& path) {
     auto db = openForCommand(path);
     if (!db)
         return 1;
     try {
-        out() << "Banco de dados: " << path << " (esquema " << db->userVersion() << ")"
-              << Qt::endl;
+        out() << "Banco de dados: " << path << " (esquema " << db->userVersion() << ")" << Qt::endl;
         for (const store::Table& t : store::allTables()) {
             const qlonglong rows =
                 db->scalar(QStringLiteral("SELECT COUNT(*) FROM \"%1\"").arg(t.qname()))
@@ -99,15 +92,13 @@ int runSummary(const QString& path)
     return 0;
 }
 
-bool hasDisplay()
-{
+bool hasDisplay() {
     return !qEnvironmentVariableIsEmpty("DISPLAY") ||
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-int runDesktop(int argc, char* argv[])
-{
+int runDesktop(int argc, char* argv[]) {
     if (!hasDisplay()) {
         err() << "vor: no display found (DISPLAY and WAYLAND_DISPLAY are unset); the desktop "
                  "program needs one. Try 'make demo' for the headless demo."
@@ -143,8 +134,7 @@ int runDesktop(int argc, char* argv[])
 
 } // namespace
 
-int runCommandLine(int argc, char* argv[])
-{
+int runCommandLine(int argc, char* argv[]) {
     const bool isCommand = argc > 1 && argv[1][0] != '-';
     const bool wantsVersionOrHelp =
         argc > 1 && (std::strcmp(argv[1], "--version") == 0 || std::strcmp(argv[1], "-v") == 0 ||

@@ -6,15 +6,13 @@
 
 namespace app {
 
-QString joinPath(const QString& folder, const QString& fileName)
-{
+QString joinPath(const QString& folder, const QString& fileName) {
     if (folder.isEmpty() || folder.endsWith(u'/') || folder.endsWith(QDir::separator()))
         return folder + fileName;
     return folder + u'/' + fileName;
 }
 
-QString databasePath(const QString& commandLineArgument)
-{
+QString databasePath(const QString& commandLineArgument) {
     if (!commandLineArgument.isEmpty())
         return commandLineArgument;
     const QString fromEnvironment = qEnvironmentVariable("VOR_DATABASE");
@@ -26,14 +24,12 @@ QString databasePath(const QString& commandLineArgument)
     return joinPath(joinPath(dataHome, QStringLiteral("vor")), kDatabaseFileName);
 }
 
-QString incomingDatabasePath(const QString& databasePath)
-{
+QString incomingDatabasePath(const QString& databasePath) {
     const QFileInfo info(databasePath);
     return joinPath(joinPath(info.absolutePath(), QStringLiteral("incoming")), info.fileName());
 }
 
-IncomingOutcome takeIncomingDatabase(const QString& databasePath)
-{
+IncomingOutcome takeIncomingDatabase(const QString& databasePath) {
     const QString incoming = incomingDatabasePath(databasePath);
     if (!QFileInfo::exists(incoming))
         return IncomingOutcome::Nothing;

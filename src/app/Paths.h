@@ -19,10 +19,10 @@ QString databasePath(const QString& commandLineArgument);
 QString incomingDatabasePath(const QString& databasePath);
 
 enum class IncomingOutcome {
-    Nothing,     // no database waiting
-    MovedInto,   // the waiting database became the one in use
-    BothKept,    // a database is waiting and one is in use: both stay untouched
-    MoveFailed,  // the waiting database could not be moved; it stays where it was
+    Nothing,    // no database waiting
+    MovedInto,  // the waiting database became the one in use
+    BothKept,   // a database is waiting and one is in use: both stay untouched
+    MoveFailed, // the waiting database could not be moved; it stays where it was
 };
 
 // Moves a waiting database into place when none is in use yet.

@@ -4,8 +4,7 @@
 
 namespace app {
 
-void reportIncoming(IncomingOutcome outcome, const QString& databasePath)
-{
+void reportIncoming(IncomingOutcome outcome, const QString& databasePath) {
     const QString incoming = incomingDatabasePath(databasePath);
     switch (outcome) {
     case IncomingOutcome::Nothing:

@@ -2,6 +2,8 @@
 
 namespace rules {
 
-QString shortDate(const QDate& date) { return date.toString(kShortDateFormat); }
+QString shortDate(const QDate& date) {
+    return date.toString(kShortDateFormat);
+}
 
 } // namespace rules

@@ -8,18 +8,15 @@ namespace {
 const QString kCannotGoOn = QStringLiteral("ATENÇÃO! Impossível continuar...");
 }
 
-bool dateFormatAcceptable(const QString& format, const QDate& today)
-{
+bool dateFormatAcceptable(const QString& format, const QDate& today) {
     return today.toString(format).size() == 10;
 }
 
-bool screenAcceptable(const QSize& size)
-{
+bool screenAcceptable(const QSize& size) {
     return !(size.height() < 600 && size.width() < 800);
 }
 
-bool checkDateFormat(const QString& format, const QDate& today)
-{
+bool checkDateFormat(const QString& format, const QDate& today) {
     if (dateFormatAcceptable(format, today))
         return true;
     ui::dialogs().message(kCannotGoOn,
@@ -30,8 +27,7 @@ bool checkDateFormat(const QString& format, const QDate& today)
     return false;
 }
 
-bool checkScreen(const QSize& size)
-{
+bool checkScreen(const QSize& size) {
     if (screenAcceptable(size))
         return true;
     ui::dialogs().message(

@@ -17,8 +17,7 @@ namespace {
 
 QAtomicInt connectionCounter;
 
-[[noreturn]] void fail(const QSqlError& error, const QString& statement)
-{
+[[noreturn]] void fail(const QSqlError& error, const QString& statement) {
     throw Failure::fromSql(error, statement);
 }
 
@@ -37,8 +36,7 @@ const std::vector<std::function<void(Database&)>> kMigrations = {
 
 Database::Database(const QString& path)
     : m_path(path)
-    , m_connectionName(QStringLiteral("vor-%1").arg(connectionCounter.fetchAndAddRelaxed(1)))
-{
+    , m_connectionName(QStringLiteral("vor-%1").arg(connectionCounter.fetchAndAddRelaxed(1))) {
     const QFileInfo info(path);
     if (!info.absoluteDir().exists() && !QDir().mkpath(info.absolutePath()))
         throw Failure::other(76, QStringLiteral("Caminho não encontrado: ") + info.absolutePath());
@@ -61,8 +59,7 @@ Database::Database(const QString& path)
     }
 }
 
-Database::~Database()
-{
+Database::~Database() {
     {
         QSqlDatabase db = QSqlDatabase::database(m_connectionName, false);
         if (m_inTransaction)
@@ -72,10 +69,11 @@ Database::~Database()
     QSqlDatabase::removeDatabase(m_connectionName);
 }
 
-QSqlDatabase Database::handle() const { return QSqlDatabase::database(m_connectionName, false); }
+QSqlDatabase Database::handle() const {
+    return QSqlDatabase::database(m_connectionName, false);
+}
 
-QSqlQuery Database::run(const QString& sql, const QVariantList& values)
-{
+QSqlQuery Database::run(const QString& sql, const QVariantList& values) {
     QSqlQuery query(handle());
     query.setForwardOnly(true);
     if (!query.prepare(sql))
@@ -87,16 +85,16 @@ QSqlQuery Database::run(const QString& sql, const QVariantList& values)
     return query;
 }
 
-QVariant Database::scalar(const QString& sql, const QVariantList& values)
-{
+QVariant Database::scalar(const QString& sql, const QVariantList& values) {
     QSqlQuery query = run(sql, values);
     return query.next() ? query.value(0) : QVariant();
 }
 
-int Database::userVersion() { return scalar(QStringLiteral("PRAGMA user_version")).toInt(); }
+int Database::userVersion() {
+    return scalar(QStringLiteral("PRAGMA user_version")).toInt();
+}
 
-void Database::begin()
-{
+void Database::begin() {
     if (m_inTransaction)
         throw Failure::other(3003, QStringLiteral("Uma transação já está aberta."));
     if (!handle().transaction())
@@ -104,21 +102,18 @@ void Database::begin()
     m_inTransaction = true;
 }
 
-void Database::commit()
-{
+void Database::commit() {
     if (!handle().commit())
         fail(handle().lastError(), QStringLiteral("COMMIT"));
     m_inTransaction = false;
 }
 
-void Database::rollback()
-{
+void Database::rollback() {
     handle().rollback();
     m_inTransaction = false;
 }
 
-void Database::migrate()
-{
+void Database::migrate() {
     const int from = userVersion();
     if (from >= kSchemaVersion)
         return;
@@ -131,19 +126,16 @@ void Database::migrate()
 }
 
 Transaction::Transaction(Database& db)
-    : m_db(db)
-{
+    : m_db(db) {
     m_db.begin();
 }
 
-Transaction::~Transaction()
-{
+Transaction::~Transaction() {
     if (!m_done)
         m_db.rollback();
 }
 
-void Transaction::commit()
-{
+void Transaction::commit() {
     m_db.commit();
     m_done = true;
 }

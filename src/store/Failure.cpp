@@ -13,12 +13,9 @@ Failure::Failure(Kind kind, int number, QString source, QString description)
     , m_kind(kind)
     , m_number(number)
     , m_source(std::move(source))
-    , m_description(std::move(description))
-{
-}
+    , m_description(std::move(description)) {}
 
-Failure Failure::fromSql(const QSqlError& error, const QString& statement)
-{
+Failure Failure::fromSql(const QSqlError& error, const QString& statement) {
     // QSQLITE puts the engine's own message in databaseText and its result code in
     // nativeErrorCode; the driver's text says which step failed.
     QString description = error.databaseText();
@@ -39,13 +36,11 @@ Failure Failure::fromSql(const QSqlError& error, const QString& statement)
     return failure;
 }
 
-Failure Failure::other(int number, const QString& description)
-{
+Failure Failure::other(int number, const QString& description) {
     return Failure(Kind::NotDatabase, number, QString(), description);
 }
 
-QString databaseErrorText(const Failure& failure)
-{
+QString databaseErrorText(const Failure& failure) {
     const QString head =
         QString::number(failure.number()) + QStringLiteral("-Fonte : ") + failure.source();
     switch (failure.kind()) {
@@ -65,8 +60,7 @@ QString databaseErrorText(const Failure& failure)
     return head + QStringLiteral(":") + QStringLiteral("Ocorreu um erro não previsto de DAO.");
 }
 
-QString unexpectedErrorText(int number, const QString& description)
-{
+QString unexpectedErrorText(int number, const QString& description) {
     return QStringLiteral("Anote este Numero : <") + QString::number(number).trimmed() +
            QStringLiteral("> : ") + description +
            QStringLiteral(". O que recomendamos neste caso é Anotar o Numero do Erro, Cancelar a "

@@ -9,8 +9,7 @@
 
 namespace store {
 
-QList<QStringList> parseCsv(const QByteArray& utf8)
-{
+QList<QStringList> parseCsv(const QByteArray& utf8) {
     const QString text = QString::fromUtf8(utf8);
     QList<QStringList> rows;
     QStringList row;
@@ -59,8 +58,7 @@ QList<QStringList> parseCsv(const QByteArray& utf8)
 
 namespace {
 
-QVariant typedValue(const Column& column, const QString& text)
-{
+QVariant typedValue(const Column& column, const QString& text) {
     if (text.isEmpty())
         return QVariant();
     switch (column.type) {
@@ -73,8 +71,7 @@ QVariant typedValue(const Column& column, const QString& text)
     }
 }
 
-void loadTable(Database& db, const Table& table)
-{
+void loadTable(Database& db, const Table& table) {
     const QString resource = QStringLiteral(":/data/%1.csv").arg(table.qname());
     QFile file(resource);
     if (!file.open(QIODevice::ReadOnly))
@@ -109,8 +106,7 @@ void loadTable(Database& db, const Table& table)
 
 } // namespace
 
-void loadReferenceData(Database& db)
-{
+void loadReferenceData(Database& db) {
     for (const Table& t : allTables()) {
         if (t.role == TableRole::Reference || t.role == TableRole::Dictionary)
             loadTable(db, t);

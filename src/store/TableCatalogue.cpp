@@ -11,112 +11,59 @@ using enum ColumnType;
 
 // Column order is the order of the exchange files. Lengths are the screens' limits.
 const std::vector<Table> kTables = {
-    {"EMPRS", TableRole::Register,
+    {"EMPRS",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
-         {"NMUNCP", Number, 0},
-         {"NSEQNC", Number, 0},
-         {"DFANTS", Text, 70},
-         {"DRAZAOSOCIL", Text, 70},
-         {"DLOGRD", Text, 50},
-         {"NLOGRD", Number, 5},
-         {"DLOGRDCOMPM", Text, 17},
-         {"DBAIRR", Text, 17},
-         {"CCEP", Number, 0},
-         {"NDDD", Number, 4},
-         {"NTELFN", Number, 0},
-         {"NTELEX", Number, 0},
-         {"CCGC", Number, 0},
-         {"NRCQA", Number, 0},
-         {"NBACIA", Number, 3},
-         {"NUGRHI", Number, 0},
-         {"CIBGE", Number, 7},
-         {"DATIVD", Text, 0},
-         {"ACADST", Date, 0},
-         {"NSITCA", Number, 0},
-         {"SMICROEMPRS", Text, 0},
-         {"QLATTD", Decimal, 0},
-         {"QLONGT", Decimal, 0},
-         {"QALTTD", Decimal, 0},
-         {"CCPF", Number, 0},
-         {"DEMAIL", Text, 50},
-         {"NINSCRESTDL", Number, 12},
-         {"NINSCRMUNCP", Number, 0},
-         {"CSITU", Number, 0},
+         {"NMUNCP", Number, 0},      {"NSEQNC", Number, 0},  {"DFANTS", Text, 70},
+         {"DRAZAOSOCIL", Text, 70},  {"DLOGRD", Text, 50},   {"NLOGRD", Number, 5},
+         {"DLOGRDCOMPM", Text, 17},  {"DBAIRR", Text, 17},   {"CCEP", Number, 0},
+         {"NDDD", Number, 4},        {"NTELFN", Number, 0},  {"NTELEX", Number, 0},
+         {"CCGC", Number, 0},        {"NRCQA", Number, 0},   {"NBACIA", Number, 3},
+         {"NUGRHI", Number, 0},      {"CIBGE", Number, 7},   {"DATIVD", Text, 0},
+         {"ACADST", Date, 0},        {"NSITCA", Number, 0},  {"SMICROEMPRS", Text, 0},
+         {"QLATTD", Decimal, 0},     {"QLONGT", Decimal, 0}, {"QALTTD", Decimal, 0},
+         {"CCPF", Number, 0},        {"DEMAIL", Text, 50},   {"NINSCRESTDL", Number, 12},
+         {"NINSCRMUNCP", Number, 0}, {"CSITU", Number, 0},
      }},
-    {"TB_POSTO", TableRole::Register,
+    {"TB_POSTO",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
-         {"NMUNCP", Number, 0},
-         {"NSEQNC", Number, 0},
-         {"AINFRM", Date, 0},
-         {"IESTBL", Text, 0},
-         {"DBANDR", Text, 20},
-         {"NANP", Text, 9},
-         {"NANPANTRR", Text, 8},
-         {"ICLASSABNT", Number, 0},
-         {"QAREATERRN", Decimal, 0},
-         {"QAREACONST", Decimal, 8},
-         {"QAREAARLIVRE", Decimal, 8},
-         {"QFUNCNADMNS", Number, 4},
-         {"QFUNCNOPERC", Number, 0},
-         {"HINICIFUNCM", Time, 0},
-         {"HTERMNFUNCM", Time, 0},
-         {"NHORASJORNDDIA", Number, 0},
-         {"NDIASJORNDMES", Number, 2},
-         {"NDIASJORNDANO", Number, 0},
-         {"ILOCLZATIVD", Text, 0},
-         {"AINICIATIVD", Date, 0},
-         {"ALEVNT", Date, 0},
+         {"NMUNCP", Number, 0},         {"NSEQNC", Number, 0},        {"AINFRM", Date, 0},
+         {"IESTBL", Text, 0},           {"DBANDR", Text, 20},         {"NANP", Text, 9},
+         {"NANPANTRR", Text, 8},        {"ICLASSABNT", Number, 0},    {"QAREATERRN", Decimal, 0},
+         {"QAREACONST", Decimal, 8},    {"QAREAARLIVRE", Decimal, 8}, {"QFUNCNADMNS", Number, 4},
+         {"QFUNCNOPERC", Number, 0},    {"HINICIFUNCM", Time, 0},     {"HTERMNFUNCM", Time, 0},
+         {"NHORASJORNDDIA", Number, 0}, {"NDIASJORNDMES", Number, 2}, {"NDIASJORNDANO", Number, 0},
+         {"ILOCLZATIVD", Text, 0},      {"AINICIATIVD", Date, 0},     {"ALEVNT", Date, 0},
      }},
-    {"TB_POSTORESPN", TableRole::Register,
+    {"TB_POSTORESPN",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
-         {"NMUNCP", Number, 0},
-         {"NSEQNC", Number, 0},
-         {"AINFRM", Date, 0},
-         {"DRESPN", Text, 50},
-         {"NRG", Number, 15},
-         {"DRGORGAO", Text, 70},
-         {"IUF", Text, 2},
-         {"CCPF", Number, 0},
-         {"DLOGRD", Text, 50},
-         {"NLOGRD", Number, 5},
-         {"DLOGRDCOMPM", Text, 17},
-         {"DBAIRR", Text, 17},
-         {"CCEP", Number, 0},
-         {"NMUNCPRESPN", Number, 0},
-         {"DMUNCPRESPN", Text, 0},
-         {"NDDD", Number, 4},
-         {"NTELFN", Number, 0},
-         {"NFAX", Number, 0},
+         {"NMUNCP", Number, 0}, {"NSEQNC", Number, 0},      {"AINFRM", Date, 0},
+         {"DRESPN", Text, 50},  {"NRG", Number, 15},        {"DRGORGAO", Text, 70},
+         {"IUF", Text, 2},      {"CCPF", Number, 0},        {"DLOGRD", Text, 50},
+         {"NLOGRD", Number, 5}, {"DLOGRDCOMPM", Text, 17},  {"DBAIRR", Text, 17},
+         {"CCEP", Number, 0},   {"NMUNCPRESPN", Number, 0}, {"DMUNCPRESPN", Text, 0},
+         {"NDDD", Number, 4},   {"NTELFN", Number, 0},      {"NFAX", Number, 0},
          {"DEMAIL", Text, 50},
      }},
-    {"TB_POSTOCONTT", TableRole::Register,
+    {"TB_POSTOCONTT",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
-         {"NMUNCP", Number, 0},
-         {"NSEQNC", Number, 0},
-         {"AINFRM", Date, 0},
-         {"DNOMEROTNR", Text, 50},
-         {"DCARGOROTNR", Text, 50},
-         {"NDDDROTNR", Number, 4},
-         {"NTELFNROTNR", Number, 0},
-         {"NFAX", Number, 0},
-         {"DEMAILROTNR", Text, 50},
-         {"NCELLRROTNR", Number, 0},
-         {"DNOMEEMERG", Text, 50},
-         {"DCARGOEMERG", Text, 50},
-         {"NDDDEMERG", Number, 4},
-         {"NTELFNEMERG", Number, 0},
-         {"NFAXEMERG", Number, 0},
-         {"DEMAILEMERG", Text, 50},
-         {"NCELLREMERG", Number, 0},
-         {"NPAGEREMERG", Number, 0},
-         {"NDDDACINM", Number, 4},
-         {"NTELFNACINM", Number, 0},
+         {"NMUNCP", Number, 0},      {"NSEQNC", Number, 0},      {"AINFRM", Date, 0},
+         {"DNOMEROTNR", Text, 50},   {"DCARGOROTNR", Text, 50},  {"NDDDROTNR", Number, 4},
+         {"NTELFNROTNR", Number, 0}, {"NFAX", Number, 0},        {"DEMAILROTNR", Text, 50},
+         {"NCELLRROTNR", Number, 0}, {"DNOMEEMERG", Text, 50},   {"DCARGOEMERG", Text, 50},
+         {"NDDDEMERG", Number, 4},   {"NTELFNEMERG", Number, 0}, {"NFAXEMERG", Number, 0},
+         {"DEMAILEMERG", Text, 50},  {"NCELLREMERG", Number, 0}, {"NPAGEREMERG", Number, 0},
+         {"NDDDACINM", Number, 4},   {"NTELFNACINM", Number, 0},
      }},
-    {"TB_POSTODISTRFORNC", TableRole::Register,
+    {"TB_POSTODISTRFORNC",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NIDENT"},
      {
          {"NMUNCP", Number, 0},
@@ -138,7 +85,8 @@ const std::vector<Table> kTables = {
          {"NFAX", Number, 0},
          {"DEMAIL", Text, 50},
      }},
-    {"TB_POSTOCOMRCSERVC", TableRole::Register,
+    {"TB_POSTOCOMRCSERVC",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NCOMRCSERVC"},
      {
          {"NMUNCP", Number, 0},
@@ -147,7 +95,8 @@ const std::vector<Table> kTables = {
          {"NCOMRCSERVC", Number, 0},
          {"DCOMRCSERVC", Text, 30},
      }},
-    {"TB_POSTOUSOOCUPCSOLO", TableRole::Register,
+    {"TB_POSTOUSOOCUPCSOLO",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NUSOOCUPCSOLO"},
      {
          {"NMUNCP", Number, 0},
@@ -155,32 +104,20 @@ const std::vector<Table> kTables = {
          {"AINFRM", Date, 0},
          {"NUSOOCUPCSOLO", Number, 0},
      }},
-    {"TB_POSTOTANQU", TableRole::Register,
+    {"TB_POSTOTANQU",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "ITANQU", "NTANQU"},
      {
-         {"NMUNCP", Number, 0},
-         {"NSEQNC", Number, 0},
-         {"AINFRM", Date, 0},
-         {"ITANQU", Text, 0},
-         {"NTANQU", Number, 0},
-         {"NIDENT", Text, 30},
-         {"AINSTL", Date, 0},
-         {"NMATRL", Number, 0},
-         {"QCOMPRT", Number, 0},
-         {"ATESTEESTNQ", Date, 0},
-         {"SSISTMPROTC", Text, 0},
-         {"IPROTC", Text, 0},
-         {"DPROTC", Text, 0},
-         {"IFREQNMANTN", Text, 0},
-         {"AMANTNULTMA", Date, 0},
-         {"IPROPR", Text, 0},
-         {"IPOSCA", Text, 0},
-         {"NBASE", Number, 0},
-         {"DMATRLOUTRO", Text, 0},
-         {"ITESTEESTNQ", Text, 0},
-         {"ISITCA", Text, 0},
+         {"NMUNCP", Number, 0},    {"NSEQNC", Number, 0},    {"AINFRM", Date, 0},
+         {"ITANQU", Text, 0},      {"NTANQU", Number, 0},    {"NIDENT", Text, 30},
+         {"AINSTL", Date, 0},      {"NMATRL", Number, 0},    {"QCOMPRT", Number, 0},
+         {"ATESTEESTNQ", Date, 0}, {"SSISTMPROTC", Text, 0}, {"IPROTC", Text, 0},
+         {"DPROTC", Text, 0},      {"IFREQNMANTN", Text, 0}, {"AMANTNULTMA", Date, 0},
+         {"IPROPR", Text, 0},      {"IPOSCA", Text, 0},      {"NBASE", Number, 0},
+         {"DMATRLOUTRO", Text, 0}, {"ITESTEESTNQ", Text, 0}, {"ISITCA", Text, 0},
      }},
-    {"TB_POSTOTANQUPROPR", TableRole::Register,
+    {"TB_POSTOTANQUPROPR",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "ITANQU", "NTANQU"},
      {
          {"NMUNCP", Number, 0},
@@ -202,7 +139,8 @@ const std::vector<Table> kTables = {
          {"NFAX", Number, 0},
          {"DEMAIL", Text, 50},
      }},
-    {"TB_POSTOTANQUCOMPR", TableRole::Register,
+    {"TB_POSTOTANQUCOMPR",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "ITANQU", "NTANQU", "NCOMPR"},
      {
          {"NMUNCP", Number, 0},
@@ -217,7 +155,8 @@ const std::vector<Table> kTables = {
          {"QRESPRALTRA", Number, 3},
          {"QRESPRDISTCRECPT", Number, 0},
      }},
-    {"TB_POSTOBOMBA", TableRole::Register,
+    {"TB_POSTOBOMBA",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "ITANQU", "NBOMBA"},
      {
          {"NMUNCP", Number, 0},
@@ -236,7 +175,8 @@ const std::vector<Table> kTables = {
          {"ITESTEESTNQ", Text, 0},
          {"IPROPR", Text, 0},
      }},
-    {"TB_POSTOBOMBAPROPR", TableRole::Register,
+    {"TB_POSTOBOMBAPROPR",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "ITANQU", "NBOMBA"},
      {
          {"NMUNCP", Number, 0},
@@ -258,7 +198,8 @@ const std::vector<Table> kTables = {
          {"NFAX", Number, 0},
          {"DEMAIL", Text, 50},
      }},
-    {"TB_POSTOBOMBATANQU", TableRole::Register,
+    {"TB_POSTOBOMBATANQU",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "ITANQU", "NBOMBA", "NTANQU", "NCOMPR"},
      {
          {"NMUNCP", Number, 0},
@@ -271,7 +212,8 @@ const std::vector<Table> kTables = {
          {"NMATRL", Number, 0},
          {"ILINHA", Text, 0},
      }},
-    {"TB_POSTOCONTRESTQU", TableRole::Register,
+    {"TB_POSTOCONTRESTQU",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "ITANQU"},
      {
          {"NMUNCP", Number, 0},
@@ -288,7 +230,8 @@ const std::vector<Table> kTables = {
          {"SLMC", Number, 0},
          {"SATULZ", Number, 0},
      }},
-    {"TB_POSTOVAZMN", TableRole::Register,
+    {"TB_POSTOVAZMN",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "ITANQU", "AVAZMN", "ILOCAL", "NTANQU", "NCOMPR", "NBOMBA"},
      {
          {"NMUNCP", Number, 0},
@@ -305,7 +248,8 @@ const std::vector<Table> kTables = {
          {"DACAO", Text, 0},
          {"DACAOSITCA", Text, 0},
      }},
-    {"TB_POSTOBACIA", TableRole::Register,
+    {"TB_POSTOBACIA",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NBACIA"},
      {
          {"NMUNCP", Number, 0},
@@ -317,7 +261,8 @@ const std::vector<Table> kTables = {
          {"SDRENG", Number, 0},
          {"DDESTN", Text, 0},
      }},
-    {"TB_POSTOBACIARESRV", TableRole::Register,
+    {"TB_POSTOBACIARESRV",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NBACIA", "ITANQU", "NTANQU"},
      {
          {"NMUNCP", Number, 0},
@@ -327,7 +272,8 @@ const std::vector<Table> kTables = {
          {"ITANQU", Text, 0},
          {"NTANQU", Number, 0},
      }},
-    {"TB_POSTOMOVMN", TableRole::Register,
+    {"TB_POSTOMOVMN",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NCOMBS", "NSEQNCCOMBS"},
      {
          {"NMUNCP", Number, 0},
@@ -339,7 +285,8 @@ const std::vector<Table> kTables = {
          {"QCOMBS", Decimal, 0},
          {"CUNIDDMEDDA", Number, 0},
      }},
-    {"TB_POSTOAREAABAST", TableRole::Register,
+    {"TB_POSTOAREAABAST",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
          {"NMUNCP", Number, 0},
@@ -356,7 +303,8 @@ const std::vector<Table> kTables = {
          {"SDRENGDEMAS", Number, 0},
          {"SDRENGDEMASSAO", Number, 0},
      }},
-    {"TB_POSTOAREADESCARGA", TableRole::Register,
+    {"TB_POSTOAREADESCARGA",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
          {"NMUNCP", Number, 0},
@@ -371,7 +319,8 @@ const std::vector<Table> kTables = {
          {"SDRENGSAO", Number, 0},
          {"SSEMPAVMN", Number, 0},
      }},
-    {"TB_POSTOAREALAVAGEM", TableRole::Register,
+    {"TB_POSTOAREALAVAGEM",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
          {"NMUNCP", Number, 0},
@@ -389,7 +338,8 @@ const std::vector<Table> kTables = {
          {"SSAOPROPR", Number, 0},
          {"SSAOPISTA", Number, 0},
      }},
-    {"TB_POSTOAREATROCAOLEO", TableRole::Register,
+    {"TB_POSTOAREATROCAOLEO",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
          {"NMUNCP", Number, 0},
@@ -402,7 +352,8 @@ const std::vector<Table> kTables = {
          {"SPARLL", Number, 0},
          {"SOUTRO", Number, 0},
      }},
-    {"TB_POSTOBALNCHIDRC", TableRole::Register,
+    {"TB_POSTOBALNCHIDRC",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "IFONTEABAST", "NFONTEABASTIDENT"},
      {
          {"NMUNCP", Number, 0},
@@ -414,7 +365,8 @@ const std::vector<Table> kTables = {
          {"QCONSMSANTR", Decimal, 0},
          {"QCONSMCOMRC", Decimal, 0},
      }},
-    {"TB_POSTOPREVNACIDN", TableRole::Register,
+    {"TB_POSTOPREVNACIDN",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
          {"NMUNCP", Number, 0},
@@ -437,7 +389,8 @@ const std::vector<Table> kTables = {
          {"NDDDACINM", Number, 4},
          {"NTELFNACINM", Number, 0},
      }},
-    {"TB_POSTOEFLNTLIQDO", TableRole::Register,
+    {"TB_POSTOEFLNTLIQDO",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "IEFLNTLIQDO"},
      {
          {"NMUNCP", Number, 0},
@@ -448,7 +401,8 @@ const std::vector<Table> kTables = {
          {"NTRATM", Number, 0},
          {"NDISPSFINAL", Number, 0},
      }},
-    {"TB_POSTOGASBATRI", TableRole::Register,
+    {"TB_POSTOGASBATRI",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NBATRI"},
      {
          {"NMUNCP", Number, 0},
@@ -461,7 +415,8 @@ const std::vector<Table> kTables = {
          {"IPROPR", Text, 0},
          {"ISITCA", Text, 0},
      }},
-    {"TB_POSTOGASBATRIPROPR", TableRole::Register,
+    {"TB_POSTOGASBATRIPROPR",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NBATRI"},
      {
          {"NMUNCP", Number, 0},
@@ -482,7 +437,8 @@ const std::vector<Table> kTables = {
          {"NFAX", Number, 0},
          {"DEMAIL", Text, 50},
      }},
-    {"TB_POSTOGASBOMBA", TableRole::Register,
+    {"TB_POSTOGASBOMBA",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NBOMBA"},
      {
          {"NMUNCP", Number, 0},
@@ -496,7 +452,8 @@ const std::vector<Table> kTables = {
          {"IPROPR", Text, 0},
          {"ISITCA", Text, 0},
      }},
-    {"TB_POSTOGASBOMBABATRI", TableRole::Register,
+    {"TB_POSTOGASBOMBABATRI",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NBOMBA", "NBATRI"},
      {
          {"NMUNCP", Number, 0},
@@ -506,7 +463,8 @@ const std::vector<Table> kTables = {
          {"NBATRI", Number, 0},
          {"NMATRL", Number, 0},
      }},
-    {"TB_POSTOGASBOMBAPROPR", TableRole::Register,
+    {"TB_POSTOGASBOMBAPROPR",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NBOMBA"},
      {
          {"NMUNCP", Number, 0},
@@ -527,7 +485,8 @@ const std::vector<Table> kTables = {
          {"NFAX", Number, 0},
          {"DEMAIL", Text, 50},
      }},
-    {"TB_POSTOGASCOMPR", TableRole::Register,
+    {"TB_POSTOGASCOMPR",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NCOMPR"},
      {
          {"NMUNCP", Number, 0},
@@ -540,7 +499,8 @@ const std::vector<Table> kTables = {
          {"IPROPR", Text, 0},
          {"ISITCA", Text, 0},
      }},
-    {"TB_POSTOGASCOMPRBATRI", TableRole::Register,
+    {"TB_POSTOGASCOMPRBATRI",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NCOMPR", "NBATRI"},
      {
          {"NMUNCP", Number, 0},
@@ -550,7 +510,8 @@ const std::vector<Table> kTables = {
          {"NBATRI", Number, 0},
          {"NMATRL", Number, 0},
      }},
-    {"TB_POSTOGASCOMPRPROPR", TableRole::Register,
+    {"TB_POSTOGASCOMPRPROPR",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NCOMPR"},
      {
          {"NMUNCP", Number, 0},
@@ -571,7 +532,8 @@ const std::vector<Table> kTables = {
          {"NFAX", Number, 0},
          {"DEMAIL", Text, 50},
      }},
-    {"TB_POSTOGASVAZMN", TableRole::Register,
+    {"TB_POSTOGASVAZMN",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "AVAZMN", "ILOCAL"},
      {
          {"NMUNCP", Number, 0},
@@ -585,7 +547,8 @@ const std::vector<Table> kTables = {
          {"DLOCAL", Text, 0},
          {"DACAO", Text, 0},
      }},
-    {"TB_POSTOMONTRAMBNT", TableRole::Register,
+    {"TB_POSTOMONTRAMBNT",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "ITANQU", "NMONTR", "IEQUPM", "NEQUPM"},
      {
          {"NMUNCP", Number, 0},
@@ -597,7 +560,8 @@ const std::vector<Table> kTables = {
          {"NEQUPM", Number, 0},
          {"DMONTR", Text, 0},
      }},
-    {"TB_POSTOPREVNEMISSAR", TableRole::Register,
+    {"TB_POSTOPREVNEMISSAR",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "IFONTE"},
      {
          {"NMUNCP", Number, 0},
@@ -607,7 +571,8 @@ const std::vector<Table> kTables = {
          {"DFONTEOUTRO", Text, 0},
          {"DDISPSCONTR", Text, 0},
      }},
-    {"TB_POSTOPREVNVAZMN", TableRole::Register,
+    {"TB_POSTOPREVNVAZMN",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "NPREVNVAZMN"},
      {
          {"NMUNCP", Number, 0},
@@ -616,7 +581,8 @@ const std::vector<Table> kTables = {
          {"NPREVNVAZMN", Number, 0},
          {"DPREVNVAZMN", Text, 0},
      }},
-    {"TB_POSTORESDU", TableRole::Register,
+    {"TB_POSTORESDU",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "IRESDU"},
      {
          {"NMUNCP", Number, 0},
@@ -629,7 +595,8 @@ const std::vector<Table> kTables = {
          {"CDESTNRESDU", Text, 0},
          {"CDESTNRESDU1", Text, 0},
      }},
-    {"TB_POSTORUIDO", TableRole::Register,
+    {"TB_POSTORUIDO",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC", "IFONTE"},
      {
          {"NMUNCP", Number, 0},
@@ -642,7 +609,8 @@ const std::vector<Table> kTables = {
          {"HTERMNFUNCM", Time, 0},
          {"DMEDDACONTR", Text, 0},
      }},
-    {"TB_POSTOENTRG", TableRole::Register,
+    {"TB_POSTOENTRG",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
          {"NMUNCP", Number, 0},
@@ -654,7 +622,8 @@ const std::vector<Table> kTables = {
          {"IANEXO", Number, 0},
          {"NQUANT", Number, 4},
      }},
-    {"SUGESTOES", TableRole::Register,
+    {"SUGESTOES",
+     TableRole::Register,
      {"NMUNCP", "NSEQNC"},
      {
          {"NMUNCP", Number, 0},
@@ -663,14 +632,16 @@ const std::vector<Table> kTables = {
          {"SUGESTAO", Text, 0},
          {"COD", Number, 0},
      }},
-    {"TB_VORpMOVMN", TableRole::Objective,
+    {"TB_VORpMOVMN",
+     TableRole::Objective,
      {},
      {
          {"IMOVMN", Text, 0},
          {"ADOCMNINCLR", DateTime, 0},
          {"ADOCMNALTRR", DateTime, 0},
      }},
-    {"MUNCP", TableRole::Reference,
+    {"MUNCP",
+     TableRole::Reference,
      {"NMUNCP"},
      {
          {"NMUNCP", Number, 0},
@@ -679,20 +650,23 @@ const std::vector<Table> kTables = {
          {"NUGRHI", Number, 0},
          {"NBACIA", Number, 3},
      }},
-    {"MUNCPPOCO", TableRole::Reference,
+    {"MUNCPPOCO",
+     TableRole::Reference,
      {"NMUNCP"},
      {
          {"NMUNCP", Number, 0},
          {"NPOCO", Number, 0},
      }},
-    {"CEP", TableRole::Reference,
+    {"CEP",
+     TableRole::Reference,
      {"NMUNCP", "CCEP"},
      {
          {"NMUNCP", Number, 0},
          {"CCEP", Text, 5},
          {"NREGNL", Number, 0},
      }},
-    {"REGNL", TableRole::Reference,
+    {"REGNL",
+     TableRole::Reference,
      {"NREGNL"},
      {
          {"NREGNL", Number, 0},
@@ -706,69 +680,80 @@ const std::vector<Table> kTables = {
          {"NDDDFAX", Number, 4},
          {"NFAX", Number, 0},
      }},
-    {"DICNRCOMBS", TableRole::Dictionary,
+    {"DICNRCOMBS",
+     TableRole::Dictionary,
      {"NCOMBS"},
      {
          {"NCOMBS", Number, 0},
          {"DCOMBS", Text, 50},
      }},
-    {"DICNRMATRLTANQU", TableRole::Dictionary,
+    {"DICNRMATRLTANQU",
+     TableRole::Dictionary,
      {"NMATRL"},
      {
          {"NMATRL", Number, 0},
          {"DMATRL", Text, 50},
          {"IMATRLTANQULINHA", Text, 1},
      }},
-    {"DICNRBASE", TableRole::Dictionary,
+    {"DICNRBASE",
+     TableRole::Dictionary,
      {"NBASE"},
      {
          {"NBASE", Number, 0},
          {"DBASE", Text, 50},
      }},
-    {"DICNRBOCACARRG", TableRole::Dictionary,
+    {"DICNRBOCACARRG",
+     TableRole::Dictionary,
      {"NBOCACARRG"},
      {
          {"NBOCACARRG", Number, 0},
          {"DBOCACARRG", Text, 50},
      }},
-    {"DICNRVALVLRETNC", TableRole::Dictionary,
+    {"DICNRVALVLRETNC",
+     TableRole::Dictionary,
      {"NVALVLRETNC"},
      {
          {"NVALVLRETNC", Number, 0},
          {"DVALVLRETNC", Text, 50},
      }},
-    {"DICNRFILTRO", TableRole::Dictionary,
+    {"DICNRFILTRO",
+     TableRole::Dictionary,
      {"NFILTRO"},
      {
          {"NFILTRO", Number, 0},
          {"DFILTRO", Text, 50},
      }},
-    {"DICNRUNIDDMEDDA", TableRole::Dictionary,
+    {"DICNRUNIDDMEDDA",
+     TableRole::Dictionary,
      {"CUNIDDMEDDA"},
      {
          {"CUNIDDMEDDA", Number, 0},
          {"CSIGLAUNIDDMEDDA", Text, 10},
      }},
-    {"DICNRTRATM", TableRole::Dictionary,
+    {"DICNRTRATM",
+     TableRole::Dictionary,
      {"NTRATM"},
      {
          {"NTRATM", Number, 0},
          {"DTRATM", Text, 50},
      }},
-    {"DICNRDISPSFINAL", TableRole::Dictionary,
+    {"DICNRDISPSFINAL",
+     TableRole::Dictionary,
      {"NDISPSFINAL"},
      {
          {"NDISPSFINAL", Number, 0},
          {"DDISPSFINAL", Text, 50},
      }},
-    {"DICNRDESTNRESDU", TableRole::Dictionary,
+    {"DICNRDESTNRESDU",
+     TableRole::Dictionary,
      {"CDESTNRESDU"},
      {
          {"CDESTNRESDU", Text, 5},
          {"DDESTNRESDU", Text, 50},
          {"ISITCA", Text, 1},
      }},
-    {"DICNRMONTRAMBNT", TableRole::Dictionary,
+    {"DICNRMONTRAMBNT",
+     TableRole::Dictionary,
      {"NMONTR"},
      {
          {"NMONTR", Number, 0},
@@ -779,26 +764,52 @@ const std::vector<Table> kTables = {
 };
 
 const std::vector<std::string_view> kDeleteOrder = {
-    "TB_POSTORESDU",         "TB_POSTORESPN",         "TB_POSTORUIDO",
-    "TB_POSTOEFLNTLIQDO",    "SUGESTOES",             "TB_POSTOUSOOCUPCSOLO",
-    "TB_POSTOVAZMN",         "TB_POSTOPREVNVAZMN",    "TB_POSTOPREVNACIDN",
-    "TB_POSTOPREVNEMISSAR",  "TB_POSTOMOVMN",         "TB_POSTOMONTRAMBNT",
-    "TB_POSTOTANQUCOMPR",    "TB_POSTOTANQUPROPR",    "TB_POSTOTANQU",
-    "TB_POSTOBOMBATANQU",    "TB_POSTOBOMBAPROPR",    "TB_POSTOBOMBA",
-    "TB_POSTOGASVAZMN",      "TB_POSTOGASCOMPRBATRI", "TB_POSTOGASCOMPRPROPR",
-    "TB_POSTOGASCOMPR",      "TB_POSTOGASBOMBABATRI", "TB_POSTOGASBOMBAPROPR",
-    "TB_POSTOGASBOMBA",      "TB_POSTOGASBATRIPROPR", "TB_POSTOGASBATRI",
-    "TB_POSTOCONTRESTQU",    "TB_POSTOCOMRCSERVC",    "TB_POSTOENTRG",
-    "TB_POSTOCONTT",         "TB_POSTOBALNCHIDRC",    "TB_POSTOBACIARESRV",
-    "TB_POSTOBACIA",         "TB_POSTOAREATROCAOLEO", "TB_POSTOAREALAVAGEM",
-    "TB_POSTOAREADESCARGA",  "TB_POSTOAREAABAST",     "TB_POSTODISTRFORNC",
-    "TB_POSTO",              "EMPRS",
+    "TB_POSTORESDU",
+    "TB_POSTORESPN",
+    "TB_POSTORUIDO",
+    "TB_POSTOEFLNTLIQDO",
+    "SUGESTOES",
+    "TB_POSTOUSOOCUPCSOLO",
+    "TB_POSTOVAZMN",
+    "TB_POSTOPREVNVAZMN",
+    "TB_POSTOPREVNACIDN",
+    "TB_POSTOPREVNEMISSAR",
+    "TB_POSTOMOVMN",
+    "TB_POSTOMONTRAMBNT",
+    "TB_POSTOTANQUCOMPR",
+    "TB_POSTOTANQUPROPR",
+    "TB_POSTOTANQU",
+    "TB_POSTOBOMBATANQU",
+    "TB_POSTOBOMBAPROPR",
+    "TB_POSTOBOMBA",
+    "TB_POSTOGASVAZMN",
+    "TB_POSTOGASCOMPRBATRI",
+    "TB_POSTOGASCOMPRPROPR",
+    "TB_POSTOGASCOMPR",
+    "TB_POSTOGASBOMBABATRI",
+    "TB_POSTOGASBOMBAPROPR",
+    "TB_POSTOGASBOMBA",
+    "TB_POSTOGASBATRIPROPR",
+    "TB_POSTOGASBATRI",
+    "TB_POSTOCONTRESTQU",
+    "TB_POSTOCOMRCSERVC",
+    "TB_POSTOENTRG",
+    "TB_POSTOCONTT",
+    "TB_POSTOBALNCHIDRC",
+    "TB_POSTOBACIARESRV",
+    "TB_POSTOBACIA",
+    "TB_POSTOAREATROCAOLEO",
+    "TB_POSTOAREALAVAGEM",
+    "TB_POSTOAREADESCARGA",
+    "TB_POSTOAREAABAST",
+    "TB_POSTODISTRFORNC",
+    "TB_POSTO",
+    "EMPRS",
 };
 
 } // namespace
 
-int Table::indexOf(std::string_view columnName) const
-{
+int Table::indexOf(std::string_view columnName) const {
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (columns[i].name == columnName)
             return int(i);
@@ -806,8 +817,7 @@ int Table::indexOf(std::string_view columnName) const
     return -1;
 }
 
-const Column& Table::column(std::string_view columnName) const
-{
+const Column& Table::column(std::string_view columnName) const {
     const int i = indexOf(columnName);
     if (i < 0)
         throw std::out_of_range("no column " + std::string(columnName) + " in " +
@@ -815,10 +825,11 @@ const Column& Table::column(std::string_view columnName) const
     return columns[std::size_t(i)];
 }
 
-const std::vector<Table>& allTables() { return kTables; }
+const std::vector<Table>& allTables() {
+    return kTables;
+}
 
-const Table& table(std::string_view name)
-{
+const Table& table(std::string_view name) {
     for (const Table& t : kTables) {
         if (t.name == name)
             return t;
@@ -826,8 +837,7 @@ const Table& table(std::string_view name)
     throw std::out_of_range("no table " + std::string(name));
 }
 
-std::vector<const Table*> registerTables()
-{
+std::vector<const Table*> registerTables() {
     std::vector<const Table*> result;
     for (const Table& t : kTables) {
         if (t.role == TableRole::Register)
@@ -836,10 +846,11 @@ std::vector<const Table*> registerTables()
     return result;
 }
 
-const std::vector<std::string_view>& registerDeleteOrder() { return kDeleteOrder; }
+const std::vector<std::string_view>& registerDeleteOrder() {
+    return kDeleteOrder;
+}
 
-QString sqlType(ColumnType type)
-{
+QString sqlType(ColumnType type) {
     switch (type) {
     case Number:
         return QStringLiteral("INTEGER");
@@ -854,8 +865,7 @@ QString sqlType(ColumnType type)
     return QStringLiteral("TEXT");
 }
 
-QString createTableSql(const Table& table)
-{
+QString createTableSql(const Table& table) {
     QStringList parts;
     for (const Column& c : table.columns)
         parts << QStringLiteral("\"%1\" %2").arg(c.qname(), sqlType(c.type));

@@ -11,8 +11,7 @@ namespace {
 
 Dialogs* current = nullptr;
 
-QMessageBox::Icon toQt(Icon icon)
-{
+QMessageBox::Icon toQt(Icon icon) {
     switch (icon) {
     case Icon::Information:
         return QMessageBox::Information;
@@ -30,14 +29,12 @@ QMessageBox::Icon toQt(Icon icon)
 
 } // namespace
 
-void MessageBoxDialogs::message(const QString& title, const QString& text, Icon icon)
-{
+void MessageBoxDialogs::message(const QString& title, const QString& text, Icon icon) {
     QMessageBox box(toQt(icon), title, text, QMessageBox::Ok, QApplication::activeWindow());
     box.exec();
 }
 
-bool MessageBoxDialogs::ask(const QString& title, const QString& text, Icon icon, bool defaultNo)
-{
+bool MessageBoxDialogs::ask(const QString& title, const QString& text, Icon icon, bool defaultNo) {
     QMessageBox box(toQt(icon), title, text, QMessageBox::Yes | QMessageBox::No,
                     QApplication::activeWindow());
     box.button(QMessageBox::Yes)->setText(QStringLiteral("Sim"));
@@ -47,8 +44,7 @@ bool MessageBoxDialogs::ask(const QString& title, const QString& text, Icon icon
 }
 
 std::optional<QString> MessageBoxDialogs::input(const QString& title, const QString& prompt,
-                                                bool secret)
-{
+                                                bool secret) {
     bool ok = false;
     const QString text =
         QInputDialog::getText(QApplication::activeWindow(), title, prompt,
@@ -58,18 +54,18 @@ std::optional<QString> MessageBoxDialogs::input(const QString& title, const QStr
     return text;
 }
 
-Dialogs& dialogs()
-{
+Dialogs& dialogs() {
     static MessageBoxDialogs messageBoxes;
     return current ? *current : messageBoxes;
 }
 
 DialogsOverride::DialogsOverride(Dialogs& replacement)
-    : m_previous(current)
-{
+    : m_previous(current) {
     current = &replacement;
 }
 
-DialogsOverride::~DialogsOverride() { current = m_previous; }
+DialogsOverride::~DialogsOverride() {
+    current = m_previous;
+}
 
 } // namespace ui

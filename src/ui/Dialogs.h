@@ -30,8 +30,7 @@ class MessageBoxDialogs : public Dialogs {
 public:
     void message(const QString& title, const QString& text, Icon icon) override;
     bool ask(const QString& title, const QString& text, Icon icon, bool defaultNo) override;
-    std::optional<QString> input(const QString& title, const QString& prompt,
-                                 bool secret) override;
+    std::optional<QString> input(const QString& title, const QString& prompt, bool secret) override;
 };
 
 // The dialogs in use: message boxes unless another implementation was installed.

@@ -13,8 +13,7 @@ struct Run {
     QString err;
 };
 
-Run vor(const QStringList& arguments)
-{
+Run vor(const QStringList& arguments) {
     QProcess process;
     process.start(qEnvironmentVariable("VOR_BINARY"), arguments);
     process.waitForFinished(120000);
@@ -28,8 +27,7 @@ class TestCommandLine : public QObject {
     Q_OBJECT
 
 private slots:
-    void initCreatesDatabaseAndLeavesAnExistingOneAsItIs()
-    {
+    void initCreatesDatabaseAndLeavesAnExistingOneAsItIs() {
         testsupport::TestEnvironment env;
         const QString path = env.path(QStringLiteral("sub/dir/agencia.db"));
         Run run = vor({QStringLiteral("init"), QStringLiteral("--database"), path});
@@ -46,8 +44,7 @@ private slots:
         QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM MUNCP")).toInt(), 671);
     }
 
-    void summaryListsEveryTable()
-    {
+    void summaryListsEveryTable() {
         testsupport::TestEnvironment env;
         const QString path = env.path(QStringLiteral("x.db"));
         const Run run = vor({QStringLiteral("summary"), QStringLiteral("--database"), path});
@@ -57,8 +54,7 @@ private slots:
         QVERIFY(run.out.contains(QStringLiteral("DICNRMONTRAMBNT")));
     }
 
-    void refusalsGoToStandardErrorWithNonZeroStatus()
-    {
+    void refusalsGoToStandardErrorWithNonZeroStatus() {
         Run run = vor({QStringLiteral("init")});
         QVERIFY(run.exitCode != 0);
         QVERIFY(run.err.contains(QStringLiteral("--database")));
@@ -71,8 +67,7 @@ private slots:
         QVERIFY(!run.err.isEmpty());
     }
 
-    void versionIsPrinted()
-    {
+    void versionIsPrinted() {
         const Run run = vor({QStringLiteral("--version")});
         QCOMPARE(run.exitCode, 0);
         QVERIFY(run.out.contains(QStringLiteral(VOR_VERSION)));

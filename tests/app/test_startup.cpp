@@ -1,7 +1,7 @@
 #include "app/Paths.h"
 #include "app/Startup.h"
-#include "shell/StartupChecks.h"
 #include "rules/Formats.h"
+#include "shell/StartupChecks.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
 
@@ -12,16 +12,14 @@ namespace {
 
 const QString kTitle = QStringLiteral("ATENÇÃO! Impossível continuar...");
 
-void writeFile(const QString& path, const QByteArray& content)
-{
+void writeFile(const QString& path, const QByteArray& content) {
     QDir().mkpath(QFileInfo(path).absolutePath());
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(content);
 }
 
-QByteArray readFile(const QString& path)
-{
+QByteArray readFile(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
@@ -32,24 +30,24 @@ class TestStartup : public QObject {
     Q_OBJECT
 
 private slots:
-    void joinPathAddsOneSeparator_data()
-    {
+    void joinPathAddsOneSeparator_data() {
         QTest::addColumn<QString>("folder");
         QTest::addColumn<QString>("joined");
-        QTest::newRow("root") << "/" << "/VOR-POSTO.db";
-        QTest::newRow("plain folder") << "/opt/vor" << "/opt/vor/VOR-POSTO.db";
-        QTest::newRow("trailing separator") << "/opt/vor/" << "/opt/vor/VOR-POSTO.db";
+        QTest::newRow("root") << "/"
+                              << "/VOR-POSTO.db";
+        QTest::newRow("plain folder") << "/opt/vor"
+                                      << "/opt/vor/VOR-POSTO.db";
+        QTest::newRow("trailing separator") << "/opt/vor/"
+                                            << "/opt/vor/VOR-POSTO.db";
     }
 
-    void joinPathAddsOneSeparator()
-    {
+    void joinPathAddsOneSeparator() {
         QFETCH(QString, folder);
         QFETCH(QString, joined);
         QCOMPARE(app::joinPath(folder, QStringLiteral("VOR-POSTO.db")), joined);
     }
 
-    void databasePathPrefersArgumentThenEnvironment()
-    {
+    void databasePathPrefersArgumentThenEnvironment() {
         testsupport::TestEnvironment env;
         const QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
         QCOMPARE(app::databasePath(QString()), dataHome + QStringLiteral("/vor/VOR-POSTO.db"));
@@ -62,8 +60,7 @@ private slots:
             QStringLiteral("/.local/share/vor/VOR-POSTO.db")));
     }
 
-    void waitingDatabaseIsMovedWhenNoneIsInUse()
-    {
+    void waitingDatabaseIsMovedWhenNoneIsInUse() {
         testsupport::TestEnvironment env;
         testsupport::ScriptedDialogs dialogs;
         const QString db = app::databasePath(QString());
@@ -80,8 +77,7 @@ private slots:
         QVERIFY(dialogs.shown().isEmpty());
     }
 
-    void bothDatabasesAreKeptUntouchedAndTheUserIsTold()
-    {
+    void bothDatabasesAreKeptUntouchedAndTheUserIsTold() {
         testsupport::TestEnvironment env;
         testsupport::ScriptedDialogs dialogs;
         const QString db = app::databasePath(QString());
@@ -99,16 +95,14 @@ private slots:
         QVERIFY(dialogs.last().text.contains(QStringLiteral("transferirá os cadastros")));
     }
 
-    void nothingWaitingMeansNothingHappens()
-    {
+    void nothingWaitingMeansNothingHappens() {
         testsupport::TestEnvironment env;
         const QString db = app::databasePath(QString());
         QCOMPARE(app::takeIncomingDatabase(db), app::IncomingOutcome::Nothing);
         QVERIFY(!QFile::exists(db));
     }
 
-    void dateFormatNeedsFourDigitYears_data()
-    {
+    void dateFormatNeedsFourDigitYears_data() {
         QTest::addColumn<QString>("format");
         QTest::addColumn<bool>("accepted");
         QTest::newRow("the program's own") << rules::kShortDateFormat << true;
@@ -116,8 +110,7 @@ private slots:
         QTest::newRow("two-digit year") << "dd/MM/yy" << false;
     }
 
-    void dateFormatNeedsFourDigitYears()
-    {
+    void dateFormatNeedsFourDigitYears() {
         QFETCH(QString, format);
         QFETCH(bool, accepted);
         testsupport::ScriptedDialogs dialogs;
@@ -135,8 +128,7 @@ private slots:
                                 "o item Data, e altere o estilo para dd/mm/aaaa "));
     }
 
-    void screenMustNotBeBothShortAndNarrow_data()
-    {
+    void screenMustNotBeBothShortAndNarrow_data() {
         QTest::addColumn<QSize>("size");
         QTest::addColumn<bool>("accepted");
         QTest::newRow("640x480") << QSize(640, 480) << false;
@@ -148,8 +140,7 @@ private slots:
         QTest::newRow("wide but short") << QSize(1024, 500) << true;
     }
 
-    void screenMustNotBeBothShortAndNarrow()
-    {
+    void screenMustNotBeBothShortAndNarrow() {
         QFETCH(QSize, size);
         QFETCH(bool, accepted);
         testsupport::ScriptedDialogs dialogs;

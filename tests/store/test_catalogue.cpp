@@ -19,8 +19,7 @@ private:
         QStringList types;
     };
 
-    static QList<Expected> expectedTables()
-    {
+    static QList<Expected> expectedTables() {
         QFile file(qEnvironmentVariable("VOR_SOURCE_DIR") +
                    QStringLiteral("/tests/store/register_columns.txt"));
         if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
@@ -44,8 +43,7 @@ private:
         return result;
     }
 
-    static QString typeWord(store::ColumnType type)
-    {
+    static QString typeWord(store::ColumnType type) {
         switch (type) {
         case store::ColumnType::Text:
             return QStringLiteral("text");
@@ -63,8 +61,7 @@ private:
     }
 
 private slots:
-    void newDatabaseHasEveryRegisterTableInOrder()
-    {
+    void newDatabaseHasEveryRegisterTableInOrder() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
         const QList<Expected> expected = expectedTables();
@@ -93,8 +90,7 @@ private slots:
         }
     }
 
-    void registerTablesFollowTheJoinedFileOrder()
-    {
+    void registerTablesFollowTheJoinedFileOrder() {
         QStringList names;
         for (const store::Table* t : store::registerTables())
             names << t->qname();
@@ -105,8 +101,7 @@ private slots:
         QCOMPARE(names.last(), QStringLiteral("SUGESTOES"));
     }
 
-    void deleteOrderReachesEveryRegisterTableOnceWithEmprsLast()
-    {
+    void deleteOrderReachesEveryRegisterTableOnceWithEmprsLast() {
         QStringList order;
         for (std::string_view name : store::registerDeleteOrder())
             order << QString::fromLatin1(name.data(), qsizetype(name.size()));
@@ -123,8 +118,7 @@ private slots:
                 order.indexOf(QStringLiteral("TB_POSTOTANQU")));
     }
 
-    void referenceTablesCarryWhatTheScreensRead()
-    {
+    void referenceTablesCarryWhatTheScreensRead() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
         const auto columnsOf = [&](const QString& table) {
@@ -138,8 +132,8 @@ private slots:
                  QStringList({"NMUNCP", "DMUNCP", "DRESMDMUNCP", "NUGRHI", "NBACIA"}));
         QCOMPARE(columnsOf(QStringLiteral("CEP")), QStringList({"NMUNCP", "CCEP", "NREGNL"}));
         QCOMPARE(columnsOf(QStringLiteral("REGNL")),
-                 QStringList({"NREGNL", "DRESMDREGNL", "DLOGRD", "NLOGRD", "DBAIRR", "CCEP",
-                              "NDDD", "NTELFN", "NDDDFAX", "NFAX"}));
+                 QStringList({"NREGNL", "DRESMDREGNL", "DLOGRD", "NLOGRD", "DBAIRR", "CCEP", "NDDD",
+                              "NTELFN", "NDDDFAX", "NFAX"}));
         QCOMPARE(columnsOf(QStringLiteral("DICNRMONTRAMBNT")),
                  QStringList({"NMONTR", "DMONTR", "IEQUPM", "ISISTM"}));
         QCOMPARE(columnsOf(QStringLiteral("DICNRDESTNRESDU")),

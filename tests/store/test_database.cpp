@@ -8,8 +8,7 @@
 
 namespace {
 
-QList<QVariant> column(store::Database& db, const QString& sql)
-{
+QList<QVariant> column(store::Database& db, const QString& sql) {
     QList<QVariant> values;
     QSqlQuery q = db.run(sql);
     while (q.next())
@@ -17,8 +16,7 @@ QList<QVariant> column(store::Database& db, const QString& sql)
     return values;
 }
 
-qlonglong count(store::Database& db, const QString& sql, const QVariantList& values = {})
-{
+qlonglong count(store::Database& db, const QString& sql, const QVariantList& values = {}) {
     return db.scalar(sql, values).toLongLong();
 }
 
@@ -31,8 +29,7 @@ class TestDatabase : public QObject {
     Q_OBJECT
 
 private slots:
-    void newDatabaseHoldsTheReferenceRows()
-    {
+    void newDatabaseHoldsTheReferenceRows() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
         QCOMPARE(db.userVersion(), store::Database::kSchemaVersion);
@@ -40,8 +37,9 @@ private slots:
         // States below 99, municipalities of the state from 100 on, the capital being 100.
         QCOMPARE(count(db, QStringLiteral("SELECT COUNT(*) FROM MUNCP WHERE NMUNCP < 99")), 26);
         QCOMPARE(count(db, QStringLiteral("SELECT COUNT(*) FROM MUNCP WHERE NMUNCP >= 100")), 645);
-        QCOMPARE(db.scalar(QStringLiteral("SELECT DMUNCP FROM MUNCP WHERE NMUNCP = 100")).toString(),
-                 QStringLiteral("SÃO PAULO"));
+        QCOMPARE(
+            db.scalar(QStringLiteral("SELECT DMUNCP FROM MUNCP WHERE NMUNCP = 100")).toString(),
+            QStringLiteral("SÃO PAULO"));
         QCOMPARE(count(db, QStringLiteral("SELECT COUNT(*) FROM MUNCP WHERE NMUNCP >= 100 AND "
                                           "(NUGRHI IS NULL OR NBACIA IS NULL)")),
                  0);
@@ -55,22 +53,22 @@ private slots:
                  0);
         QCOMPARE(count(db, QStringLiteral("SELECT COUNT(*) FROM CEP WHERE length(CCEP) <> 5")), 0);
         // The capital's districts are served by the offices that check its number blocks.
-        for (const QVariant& office : column(
-                 db, QStringLiteral("SELECT DISTINCT NREGNL FROM CEP WHERE NMUNCP = 100")))
+        for (const QVariant& office :
+             column(db, QStringLiteral("SELECT DISTINCT NREGNL FROM CEP WHERE NMUNCP = 100")))
             QVERIFY(QList<int>({16, 29, 30, 31, 33, 45}).contains(office.toInt()));
         // The agencies list counts on offices numbered 1 to N, 1 the head office.
         const qlonglong offices = count(db, QStringLiteral("SELECT COUNT(*) FROM REGNL"));
         QCOMPARE(db.scalar(QStringLiteral("SELECT MAX(NREGNL) FROM REGNL")).toLongLong(), offices);
-        QVERIFY(!db.scalar(QStringLiteral("SELECT DRESMDREGNL FROM REGNL WHERE NREGNL = 1"))
-                     .isNull());
+        QVERIFY(
+            !db.scalar(QStringLiteral("SELECT DRESMDREGNL FROM REGNL WHERE NREGNL = 1")).isNull());
         QVERIFY(count(db, QStringLiteral("SELECT COUNT(*) FROM MUNCPPOCO WHERE NPOCO > 0")) > 0);
     }
 
-    void dictionariesHoldTheCodesTheScreensRelyOn()
-    {
+    void dictionariesHoldTheCodesTheScreensRelyOn() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
-        QList<QVariant> fuels = column(db, QStringLiteral("SELECT NCOMBS FROM DICNRCOMBS ORDER BY 1"));
+        QList<QVariant> fuels =
+            column(db, QStringLiteral("SELECT NCOMBS FROM DICNRCOMBS ORDER BY 1"));
         QList<QVariant> expected;
         for (int code = 101; code <= 135; ++code)
             expected << code;
@@ -94,7 +92,8 @@ private slots:
         QCOMPARE(count(db, QStringLiteral("SELECT COUNT(*) FROM DICNRDESTNRESDU WHERE ISITCA = "
                                           "'D' AND DDESTNRESDU = 'Outra'")),
                  1);
-        QVERIFY(count(db, QStringLiteral("SELECT COUNT(*) FROM DICNRDESTNRESDU WHERE ISITCA = 'A'")) > 0);
+        QVERIFY(count(db, QStringLiteral(
+                              "SELECT COUNT(*) FROM DICNRDESTNRESDU WHERE ISITCA = 'A'")) > 0);
         QCOMPARE(count(db, QStringLiteral("SELECT COUNT(DISTINCT IEQUPM) FROM DICNRMONTRAMBNT "
                                           "WHERE IEQUPM IN ('T', 'B', 'P', 'O')")),
                  4);
@@ -109,15 +108,14 @@ private slots:
                      qPrintable(dictionary));
     }
 
-    void reopeningKeepsRegistersAndDoesNotReloadReferences()
-    {
+    void reopeningKeepsRegistersAndDoesNotReloadReferences() {
         testsupport::TestEnvironment env;
         const QString path = env.newDatabasePath();
         qlonglong municipalities = 0;
         {
             store::Database db(path);
-            db.run(kInsertRegister, {100, 1, QStringLiteral("AUTO POSTO D`ÁGUA LTDA"),
-                                     12345678000195LL});
+            db.run(kInsertRegister,
+                   {100, 1, QStringLiteral("AUTO POSTO D`ÁGUA LTDA"), 12345678000195LL});
             municipalities = count(db, QStringLiteral("SELECT COUNT(*) FROM MUNCP"));
         }
         store::Database db(path);
@@ -129,8 +127,7 @@ private slots:
                  12345678000195LL);
     }
 
-    void valuesAreBoundNeverSpliced()
-    {
+    void valuesAreBoundNeverSpliced() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
         const QString hostile = QStringLiteral("X'); DROP TABLE EMPRS; --");
@@ -140,8 +137,7 @@ private slots:
                  hostile);
     }
 
-    void duplicateKeyIsWordedForTheUser()
-    {
+    void duplicateKeyIsWordedForTheUser() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
         db.run(kInsertRegister, {100, 1, QStringLiteral("A"), 0});
@@ -158,8 +154,7 @@ private slots:
         }
     }
 
-    void otherEngineErrorsGetTheUnforeseenText()
-    {
+    void otherEngineErrorsGetTheUnforeseenText() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
         try {
@@ -172,8 +167,7 @@ private slots:
         }
     }
 
-    void failureInTheSecondStatementUndoesTheFirst()
-    {
+    void failureInTheSecondStatementUndoesTheFirst() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
         db.run(kInsertRegister, {100, 1, QStringLiteral("A"), 0});
@@ -194,8 +188,7 @@ private slots:
         QCOMPARE(count(db, QStringLiteral("SELECT COUNT(*) FROM EMPRS")), 2);
     }
 
-    void transactionsDoNotNest()
-    {
+    void transactionsDoNotNest() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
         store::Transaction outer(db);
@@ -203,24 +196,21 @@ private slots:
         QVERIFY(db.inTransaction());
     }
 
-    void csvFieldsMayBeQuoted_data()
-    {
+    void csvFieldsMayBeQuoted_data() {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QList<QStringList>>("rows");
         QTest::newRow("plain") << QByteArray("A,B\n1,2\n")
                                << QList<QStringList>{{"A", "B"}, {"1", "2"}};
-        QTest::newRow("empty fields") << QByteArray("1,,3\n,\n")
-                                      << QList<QStringList>{{"1", "", "3"}, {"", ""}};
-        QTest::newRow("quoted comma and quote")
-            << QByteArray("\"a,b\",\"say \"\"hi\"\"\"\r\n")
-            << QList<QStringList>{{"a,b", "say \"hi\""}};
+        QTest::newRow("empty fields")
+            << QByteArray("1,,3\n,\n") << QList<QStringList>{{"1", "", "3"}, {"", ""}};
+        QTest::newRow("quoted comma and quote") << QByteArray("\"a,b\",\"say \"\"hi\"\"\"\r\n")
+                                                << QList<QStringList>{{"a,b", "say \"hi\""}};
         QTest::newRow("no final line break") << QByteArray("x,y") << QList<QStringList>{{"x", "y"}};
         QTest::newRow("accents") << QByteArray("SÃO PAULO,Aço\n")
                                  << QList<QStringList>{{"SÃO PAULO", "Aço"}};
     }
 
-    void csvFieldsMayBeQuoted()
-    {
+    void csvFieldsMayBeQuoted() {
         QFETCH(QByteArray, text);
         QFETCH(QList<QStringList>, rows);
         QCOMPARE(store::parseCsv(text), rows);

@@ -5,28 +5,23 @@
 namespace testsupport {
 
 ScriptedDialogs::ScriptedDialogs()
-    : m_override(*this)
-{
-}
+    : m_override(*this) {}
 
 ScriptedDialogs::~ScriptedDialogs() = default;
 
-QStringList ScriptedDialogs::texts() const
-{
+QStringList ScriptedDialogs::texts() const {
     QStringList result;
     for (const Shown& s : m_shown)
         result << s.text;
     return result;
 }
 
-void ScriptedDialogs::message(const QString& title, const QString& text, ui::Icon icon)
-{
+void ScriptedDialogs::message(const QString& title, const QString& text, ui::Icon icon) {
     m_shown.append({Shown::Kind::Message, title, text, icon});
 }
 
 bool ScriptedDialogs::ask(const QString& title, const QString& text, ui::Icon icon,
-                          bool defaultNo)
-{
+                          bool defaultNo) {
     m_shown.append({Shown::Kind::Question, title, text, icon, defaultNo});
     if (m_answers.isEmpty()) {
         QTest::qFail(qPrintable(QStringLiteral("unscripted question: ") + text), __FILE__,
@@ -37,12 +32,10 @@ bool ScriptedDialogs::ask(const QString& title, const QString& text, ui::Icon ic
 }
 
 std::optional<QString> ScriptedDialogs::input(const QString& title, const QString& prompt,
-                                              bool /*secret*/)
-{
+                                              bool /*secret*/) {
     m_shown.append({Shown::Kind::Input, title, prompt, ui::Icon::None});
     if (m_inputs.isEmpty()) {
-        QTest::qFail(qPrintable(QStringLiteral("unscripted input: ") + prompt), __FILE__,
-                     __LINE__);
+        QTest::qFail(qPrintable(QStringLiteral("unscripted input: ") + prompt), __FILE__, __LINE__);
         return std::nullopt;
     }
     return m_inputs.dequeue();

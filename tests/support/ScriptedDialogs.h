@@ -34,8 +34,7 @@ public:
 
     void message(const QString& title, const QString& text, ui::Icon icon) override;
     bool ask(const QString& title, const QString& text, ui::Icon icon, bool defaultNo) override;
-    std::optional<QString> input(const QString& title, const QString& prompt,
-                                 bool secret) override;
+    std::optional<QString> input(const QString& title, const QString& prompt, bool secret) override;
 
 private:
     QList<Shown> m_shown;

@@ -18,8 +18,7 @@ class TestErrorRoutine : public QObject {
     Q_OBJECT
 
 private slots:
-    void duplicateRegisterShowsMessageAndKeepsNothing()
-    {
+    void duplicateRegisterShowsMessageAndKeepsNothing() {
         testsupport::TestEnvironment env;
         testsupport::ScriptedDialogs dialogs;
         store::Database db(env.newDatabasePath());
@@ -43,8 +42,7 @@ private slots:
         QVERIFY(!QApplication::overrideCursor()); // the pointer is back to normal
     }
 
-    void unexpectedFailureAsksToCancel_data()
-    {
+    void unexpectedFailureAsksToCancel_data() {
         QTest::addColumn<int>("number");
         QTest::addColumn<bool>("cancel");
         QTest::newRow("disk error, cancel") << 57 << true;
@@ -54,8 +52,7 @@ private slots:
         QTest::newRow("2446") << 2446 << false;
     }
 
-    void unexpectedFailureAsksToCancel()
-    {
+    void unexpectedFailureAsksToCancel() {
         QFETCH(int, number);
         QFETCH(bool, cancel);
         testsupport::ScriptedDialogs dialogs;
@@ -69,8 +66,7 @@ private slots:
                                           QStringLiteral("> : Erro de disco") + kAdvice);
     }
 
-    void guardedOperationStopsOnAnyException()
-    {
+    void guardedOperationStopsOnAnyException() {
         testsupport::ScriptedDialogs dialogs;
         dialogs.answer(false);
         bool reachedTheEnd = false;
@@ -80,8 +76,7 @@ private slots:
         });
         QVERIFY(!completed);
         QVERIFY(!reachedTheEnd);
-        QCOMPARE(dialogs.last().text,
-                 QStringLiteral("Anote este Numero : <51> : falha") + kAdvice);
+        QCOMPARE(dialogs.last().text, QStringLiteral("Anote este Numero : <51> : falha") + kAdvice);
     }
 };
 
