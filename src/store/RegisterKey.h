@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+
+namespace store {
+
+// NMUNCP and NSEQNC: the key of one register in every register table.
+struct RegisterKey {
+    int nmuncp = 0;
+    int nseqnc = 0;
+
+    // The code that screens and the command line show: NMUNCP as "000", NSEQNC as "0000".
+    QString code() const {
+        return QStringLiteral("%1%2")
+            .arg(nmuncp, 3, 10, QLatin1Char('0'))
+            .arg(nseqnc, 4, 10, QLatin1Char('0'));
+    }
+
+    // Reads a code back: all digits, the last four being NSEQNC. Nothing for anything else.
+    static std::optional<RegisterKey> fromCode(const QString& code) {
+        if (code.size() < 5)
+            return std::nullopt;
+        for (QChar c : code) {
+            if (!c.isDigit())
+                return std::nullopt;
+        }
+        return RegisterKey{code.left(code.size() - 4).toInt(), code.right(4).toInt()};
+    }
+
+    friend bool operator==(const RegisterKey&, const RegisterKey&) = default;
+};
+
+} // namespace store
