@@ -20,3 +20,13 @@ private:
 };
 
 } // namespace testsupport
+
+class QWidget;
+
+namespace testsupport {
+
+// Saves a picture of `widget` as NAME.png into $VOR_SCREENSHOTS when that is set, so that a
+// developer can look at a screen as the test left it. Does nothing otherwise.
+void saveScreenshot(QWidget& widget, const QString& name);
+
+} // namespace testsupport
