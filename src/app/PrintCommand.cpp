@@ -34,8 +34,8 @@ int runPrintCommand(int argc, char* argv[]) {
     parser.setApplicationDescription(
         QStringLiteral("vor print --database FILE --register CODE --pdf OUT.pdf"));
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("database"), QStringLiteral("The database file."),
-                      QStringLiteral("FILE")});
+    parser.addOption(
+        {QStringLiteral("database"), QStringLiteral("The database file."), QStringLiteral("FILE")});
     parser.addOption({QStringLiteral("register"),
                       QStringLiteral("The register: NMUNCP as \"000\" and NSEQNC as \"0000\"."),
                       QStringLiteral("CODE")});

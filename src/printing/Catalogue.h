@@ -38,9 +38,9 @@ struct Probe {
 };
 
 struct ReportEntry {
-    int order;               // 1 to 35 in the chain; 36 for the protocol
-    std::string_view id;     // the layout's name, as "rpt04_tanqusubtr"
-    QString title;           // the heading the reader sees
+    int order;           // 1 to 35 in the chain; 36 for the protocol
+    std::string_view id; // the layout's name, as "rpt04_tanqusubtr"
+    QString title;       // the heading the reader sees
     Probe probe;
     std::vector<Condition> selection; // what the layout selects besides the register
 };

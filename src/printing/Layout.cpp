@@ -86,8 +86,8 @@ const Labels kSituation = {{"A", "Em Uso"}, {"D", "Desativado"}};
 const Labels kIntegrityReport = {
     {"R", "Realizado"}, {"NR", "Não Realizado"}, {"ND", "Não Disponível"}};
 const Labels kYesNoLetter = {{"S", "Sim"}, {"N", "Não"}};
-const Labels kFrequency = {{"D", "Diária"},    {"S", "Semanal"},   {"Q", "Quinzenal"},
-                           {"M", "Mensal"},    {"B", "Bimestral"}, {"E", "Semestral"},
+const Labels kFrequency = {{"D", "Diária"}, {"S", "Semanal"},   {"Q", "Quinzenal"},
+                           {"M", "Mensal"}, {"B", "Bimestral"}, {"E", "Semestral"},
                            {"A", "Anual"}};
 
 Labels numbered(std::initializer_list<const char*> captions) {
@@ -107,24 +107,25 @@ Field f(const char* label, std::string_view column, Format format = {}) {
 // The company block of distributors and of the owners of equipment.
 std::vector<Field> companyBlock() {
     return {
-        f("Razão Social", "DRAZAOSOCIL"),
-        f("Nome para contato", "DCONTT"),
-        f("Endereço", "DLOGRD"),
-        f("Número", "NLOGRD"),
-        f("Complemento", "DLOGRDCOMPM"),
-        f("Bairro", "DBAIRR"),
-        f("CEP", "CCEP", cep()),
-        f("Município", "NMUNCPDISTRFORNC", municipality()),
-        f("UF", "DMUNCPDISTRFORNC"),
-        f("Tel.", "NTELFN", phone("NDDD")),
-        f("Fax", "NFAX", phone({})),
-        f("Correio Eletrônico", "DEMAIL"),
+        f("Razão Social", "DRAZAOSOCIL"), f("Nome para contato", "DCONTT"),
+        f("Endereço", "DLOGRD"),          f("Número", "NLOGRD"),
+        f("Complemento", "DLOGRDCOMPM"),  f("Bairro", "DBAIRR"),
+        f("CEP", "CCEP", cep()),          f("Município", "NMUNCPDISTRFORNC", municipality()),
+        f("UF", "DMUNCPDISTRFORNC"),      f("Tel.", "NTELFN", phone("NDDD")),
+        f("Fax", "NFAX", phone({})),      f("Correio Eletrônico", "DEMAIL"),
     };
 }
 
 Section ownerOf(std::string_view table, std::vector<std::string_view> link) {
-    return {Section::Kind::Form, QStringLiteral("Proprietário"), table, {}, {}, companyBlock(),
-            std::move(link),     {},                             {}};
+    return {Section::Kind::Form,
+            QStringLiteral("Proprietário"),
+            table,
+            {},
+            {},
+            companyBlock(),
+            std::move(link),
+            {},
+            {}};
 }
 
 std::vector<Condition> withSelection(std::string_view id) {
@@ -134,12 +135,12 @@ std::vector<Condition> withSelection(std::string_view id) {
 // ---- fuel systems, told once for both kinds ---------------------------------------------
 
 struct Words {
-    const char* tank;      // "Tanque" or "Reservatório"
-    const char* tankNo;    // grid heading of the tank number
-    const char* pump;      // "Bomba" or "Unidade de Abastecimento"
-    const char* pumpNo;    // grid heading of the pump number
-    const char* mouth;     // "Boca de Carregamento" or "Alimentação"
-    const char* book;      // label of the stock book
+    const char* tank;   // "Tanque" or "Reservatório"
+    const char* tankNo; // grid heading of the tank number
+    const char* pump;   // "Bomba" or "Unidade de Abastecimento"
+    const char* pumpNo; // grid heading of the pump number
+    const char* mouth;  // "Boca de Carregamento" or "Alimentação"
+    const char* book;   // label of the stock book
     bool underground;
 };
 
@@ -181,8 +182,8 @@ Layout tanks(std::string_view id, const Words& w, bool others) {
     std::vector<Field> fields = {f("Nº", "NTANQU"), f("Identificação", "NIDENT"),
                                  f("Data de Instalação", "AINSTL", date())};
     if (w.underground) {
-        fields.push_back(f("Tipo de Material", "NMATRL",
-                           dictionary("DICNRMATRLTANQU", "NMATRL", "DMATRL")));
+        fields.push_back(
+            f("Tipo de Material", "NMATRL", dictionary("DICNRMATRLTANQU", "NMATRL", "DMATRL")));
     } else {
         fields.push_back(f("Tipo", "IPOSCA", map({{"H", "Horizontal"}, {"V", "Vertical"}})));
         fields.push_back(f("Material", "NMATRL", map({{"10", "Aço"}, {"9", "Outros"}})));
@@ -198,8 +199,14 @@ Layout tanks(std::string_view id, const Words& w, bool others) {
     std::vector<Section> children = {compartments(w)};
     if (others)
         children.push_back(ownerOf("TB_POSTOTANQUPROPR", {"ITANQU", "NTANQU"}));
-    return {{{Section::Kind::Form, QString::fromUtf8(w.tank), "TB_POSTOTANQU",
-              withSelection(id), {"NTANQU"}, std::move(fields), {}, std::move(children),
+    return {{{Section::Kind::Form,
+              QString::fromUtf8(w.tank),
+              "TB_POSTOTANQU",
+              withSelection(id),
+              {"NTANQU"},
+              std::move(fields),
+              {},
+              std::move(children),
               "NTANQU"}}};
 }
 
@@ -233,8 +240,15 @@ Layout pumps(std::string_view id, const Words& w, bool others) {
     };
     if (others)
         children.push_back(ownerOf("TB_POSTOBOMBAPROPR", {"ITANQU", "NBOMBA"}));
-    return {{{Section::Kind::Form, QString::fromUtf8(w.pump), "TB_POSTOBOMBA", withSelection(id),
-              {"NBOMBA"}, std::move(fields), {}, std::move(children), "NBOMBA"}}};
+    return {{{Section::Kind::Form,
+              QString::fromUtf8(w.pump),
+              "TB_POSTOBOMBA",
+              withSelection(id),
+              {"NBOMBA"},
+              std::move(fields),
+              {},
+              std::move(children),
+              "NBOMBA"}}};
 }
 
 Layout stockControl(std::string_view id, const Words& w) {
@@ -260,13 +274,14 @@ Layout stockControl(std::string_view id, const Words& w) {
 }
 
 Layout leaks(std::string_view id, const Words& w) {
-    Labels places = {{"T", QString::fromUtf8(w.tank)}, {"B", QString::fromUtf8(w.pump)},
-                     {"L", "Linha"},                   {"R", "Respiro"}};
+    Labels places = {{"T", QString::fromUtf8(w.tank)},
+                     {"B", QString::fromUtf8(w.pump)},
+                     {"L", "Linha"},
+                     {"R", "Respiro"}};
     if (w.underground)
         places.emplace_back("V", "Válvula Extratora");
-    places.insert(places.end(), {{"F", "Filtro"},
-                                 {"C", "Boca de carregamento"},
-                                 {"O", "Outros Equipamentos"}});
+    places.insert(places.end(),
+                  {{"F", "Filtro"}, {"C", "Boca de carregamento"}, {"O", "Outros Equipamentos"}});
     return {{{Section::Kind::Table,
               QStringLiteral("Histórico de Vazamento"),
               "TB_POSTOVAZMN",
@@ -359,8 +374,14 @@ Layout batteries(std::string_view id, bool others) {
         f("Situação", "ISITCA", map(kSituation)),
     };
     if (!others) {
-        return {{{Section::Kind::Table, QStringLiteral("Baterias de Armazenagem"),
-                  "TB_POSTOGASBATRI", withSelection(id), {"NBATRI"}, std::move(fields), {}, {},
+        return {{{Section::Kind::Table,
+                  QStringLiteral("Baterias de Armazenagem"),
+                  "TB_POSTOGASBATRI",
+                  withSelection(id),
+                  {"NBATRI"},
+                  std::move(fields),
+                  {},
+                  {},
                   {}}}};
     }
     return {{{Section::Kind::Form,
@@ -532,8 +553,15 @@ Layout distributors() {
     for (Field& field : companyBlock())
         fields.push_back(std::move(field));
     fields[3].label = QStringLiteral("Endereço P/ Correspondência");
-    return {{{Section::Kind::Form, QStringLiteral("Empresa"), "TB_POSTODISTRFORNC", {},
-              {"IDISTRFORNC", "NIDENT"}, std::move(fields), {}, {}, {}}}};
+    return {{{Section::Kind::Form,
+              QStringLiteral("Empresa"),
+              "TB_POSTODISTRFORNC",
+              {},
+              {"IDISTRFORNC", "NIDENT"},
+              std::move(fields),
+              {},
+              {},
+              {}}}};
 }
 
 Layout characteristics() {
@@ -574,10 +602,10 @@ Layout characteristics() {
          {
              f("Comércio ou Serviço", "NCOMRCSERVC",
                map(numbered({"Lavagem Simples/Completa", "Lava Rápido", "Pulverização",
-                             "Lubrificação", "Borracharia", "Auto Elétrico",
-                             "Loja de Auto Peças", "Estacionamento", "Bar/Lanchonete", "Garagem",
-                             "Loja de Conveniências", "Ducha", "Troca de Óleo", "Mecânico",
-                             "Restaurante", "Venda de GLP", "Outros"}))),
+                             "Lubrificação", "Borracharia", "Auto Elétrico", "Loja de Auto Peças",
+                             "Estacionamento", "Bar/Lanchonete", "Garagem", "Loja de Conveniências",
+                             "Ducha", "Troca de Óleo", "Mecânico", "Restaurante", "Venda de GLP",
+                             "Outros"}))),
              f("Especificação", "DCOMRCSERVC"),
          },
          {},
@@ -710,8 +738,15 @@ std::vector<Field> paving(bool unpaved) {
 }
 
 Section area(const char* heading, std::string_view table, std::vector<Field> fields) {
-    return {Section::Kind::Form, QString::fromUtf8(heading), table, {}, {}, std::move(fields),
-            {},                  {},                         {}};
+    return {Section::Kind::Form,
+            QString::fromUtf8(heading),
+            table,
+            {},
+            {},
+            std::move(fields),
+            {},
+            {},
+            {}};
 }
 
 Layout serviceAreas() {
@@ -741,8 +776,15 @@ Layout serviceAreas() {
 
 Section listOf(const char* heading, std::string_view table, std::vector<std::string_view> order,
                std::vector<Field> fields) {
-    return {Section::Kind::Table, QString::fromUtf8(heading), table, {}, std::move(order),
-            std::move(fields),    {},                         {},    {}};
+    return {Section::Kind::Table,
+            QString::fromUtf8(heading),
+            table,
+            {},
+            std::move(order),
+            std::move(fields),
+            {},
+            {},
+            {}};
 }
 
 Layout water() {
@@ -777,27 +819,26 @@ Layout effluents() {
 }
 
 Layout waste() {
-    return {{listOf(
-        "Resíduos", "TB_POSTORESDU", {"IRESDU"},
-        {
-            f("Tipo", "IRESDU",
-              map({{"D", "Doméstico"},
-                   {"Q", "Óleo Queimado"},
-                   {"L", "Limpeza de Tanque"},
-                   {"C", "Caixa de Retenção de Sólidos"},
-                   {"E", "Embalagens"},
-                   {"S", "Estopa"},
-                   {"F", "Filtros"},
-                   {"O", "Outros"}})),
-            f("Descrição", "DRESDU"),
-            f("Quantidade", "QRESDU", decimal()),
-            f("Unidade", "CUNIDDMEDDA",
-              dictionary("DICNRUNIDDMEDDA", "CUNIDDMEDDA", "CSIGLAUNIDDMEDDA")),
-            f("Armazenamento", "CDESTNRESDU",
-              dictionary("DICNRDESTNRESDU", "CDESTNRESDU", "DDESTNRESDU")),
-            f("Disposição Final", "CDESTNRESDU1",
-              dictionary("DICNRDESTNRESDU", "CDESTNRESDU", "DDESTNRESDU")),
-        })}};
+    return {{listOf("Resíduos", "TB_POSTORESDU", {"IRESDU"},
+                    {
+                        f("Tipo", "IRESDU",
+                          map({{"D", "Doméstico"},
+                               {"Q", "Óleo Queimado"},
+                               {"L", "Limpeza de Tanque"},
+                               {"C", "Caixa de Retenção de Sólidos"},
+                               {"E", "Embalagens"},
+                               {"S", "Estopa"},
+                               {"F", "Filtros"},
+                               {"O", "Outros"}})),
+                        f("Descrição", "DRESDU"),
+                        f("Quantidade", "QRESDU", decimal()),
+                        f("Unidade", "CUNIDDMEDDA",
+                          dictionary("DICNRUNIDDMEDDA", "CUNIDDMEDDA", "CSIGLAUNIDDMEDDA")),
+                        f("Armazenamento", "CDESTNRESDU",
+                          dictionary("DICNRDESTNRESDU", "CDESTNRESDU", "DDESTNRESDU")),
+                        f("Disposição Final", "CDESTNRESDU1",
+                          dictionary("DICNRDESTNRESDU", "CDESTNRESDU", "DDESTNRESDU")),
+                    })}};
 }
 
 Layout airEmissions() {
@@ -855,8 +896,7 @@ Layout accidentPrevention() {
                       f("Data da Aprovação pelo Corpo de Bombeiros", "AAPRVC", date()),
                       f("Nº do Auto de Vistoria", "NAUTOVISTR"),
                       f("Validade", "AAUTOVISTR", date()),
-                      f("Possui Equipe de Pronto Atendimento à Emergência", "SEQUPEEMERG",
-                        yesNo()),
+                      f("Possui Equipe de Pronto Atendimento à Emergência", "SEQUPEEMERG", yesNo()),
                       f("Equipe Própria", "SEQUPEEMERGPROPR", yesNo()),
                       f("Equipe Terceirizada", "SEQUPEEMERGTERCR", yesNo()),
                       f("Companhia Distribuidora", "SEQUPEEMERGDISTR", yesNo()),

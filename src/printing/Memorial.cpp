@@ -7,12 +7,12 @@
 #include "store/Failure.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QDir>
+#include <QFileInfo>
 #include <QFont>
 #include <QImage>
 #include <QPageLayout>
 #include <QPainter>
-#include <QDir>
-#include <QFileInfo>
 #include <QPdfWriter>
 #include <QSqlQuery>
 #include <QTextDocument>
@@ -137,9 +137,9 @@ Memorial Memorial::protocol(store::Database& db, const store::RegisterKey& key,
 }
 
 void Memorial::readBand(store::Database& db, const store::RegisterKey& key) {
-    QSqlQuery query =
-        db.run(QStringLiteral("SELECT DRAZAOSOCIL, CCGC FROM EMPRS WHERE NMUNCP = ? AND NSEQNC = ?"),
-               {key.nmuncp, key.nseqnc});
+    QSqlQuery query = db.run(
+        QStringLiteral("SELECT DRAZAOSOCIL, CCGC FROM EMPRS WHERE NMUNCP = ? AND NSEQNC = ?"),
+        {key.nmuncp, key.nseqnc});
     m_band.code = key.code();
     if (query.next()) {
         m_band.name = query.value(0).toString();
@@ -178,10 +178,10 @@ int Memorial::print(QPagedPaintDevice& device) const {
     for (const Part& part : m_parts) {
         QString surveyLine;
         if (m_parameters.dateTime.isEmpty()) {
-            surveyLine = QStringLiteral("Data do Levantamento: ") +
-                         (m_parameters.surveyDate.isValid()
-                              ? rules::shortDate(m_parameters.surveyDate)
-                              : QString());
+            surveyLine =
+                QStringLiteral("Data do Levantamento: ") +
+                (m_parameters.surveyDate.isValid() ? rules::shortDate(m_parameters.surveyDate)
+                                                   : QString());
         }
         const QString band =
             QStringLiteral(

@@ -20,9 +20,9 @@ namespace printing {
 
 // What the title band of every page shows besides the register.
 struct RunParameters {
-    QString kind;       // "CADASTRO" or "LICENCIAMENTO"
-    QDate surveyDate;   // the survey date, or null when the user prints without it
-    QString dateTime;   // the protocol's moment, "dd/MM/yyyy HH:mm"; empty in the memorial
+    QString kind;     // "CADASTRO" or "LICENCIAMENTO"
+    QDate surveyDate; // the survey date, or null when the user prints without it
+    QString dateTime; // the protocol's moment, "dd/MM/yyyy HH:mm"; empty in the memorial
 };
 
 // "CADASTRO" when the database's filling objective is "C" or none was chosen, otherwise

@@ -11,6 +11,7 @@
 #include <QSqlRecord>
 #include <QStringList>
 #include <QTime>
+#include <algorithm>
 
 namespace printing {
 
@@ -154,11 +155,32 @@ void writeForm(store::Database& db, const Section& section, const store::Registe
 
 void writeTable(store::Database& db, const Section& section, const std::vector<QVariantHash>& rows,
                 int depth, QString& html) {
-    html += QStringLiteral("<p class=\"h%1\">%2</p>").arg(depth).arg(section.heading.toHtmlEscaped());
+    html +=
+        QStringLiteral("<p class=\"h%1\">%2</p>").arg(depth).arg(section.heading.toHtmlEscaped());
+    // Columns share the width by their headings' longest words, so that no heading has to
+    // break inside a word; wide tables take a smaller type.
+    std::vector<int> weights;
+    int sum = 0;
+    for (const Field& field : section.fields) {
+        qsizetype longest = 0;
+        for (const QString& word : field.label.split(QLatin1Char(' ')))
+            longest = std::max(longest, word.size());
+        weights.push_back(int(std::max<qsizetype>(longest + 2, 11)));
+        sum += weights.back();
+    }
+    const bool wide = section.fields.size() > 6;
     html += QStringLiteral("<table class=\"list\" width=\"100%\" cellspacing=\"0\" "
-                           "cellpadding=\"3\" border=\"1\"><thead><tr>");
-    for (const Field& field : section.fields)
-        html += QStringLiteral("<th>%1</th>").arg(field.label.toHtmlEscaped());
+                           "cellpadding=\"%1\" border=\"1\"%2><thead><tr>")
+                .arg(wide ? 2 : 3)
+                .arg(wide ? QStringLiteral(" style=\"font-size:7pt\"") : QString());
+    int given = 0;
+    for (std::size_t i = 0; i < section.fields.size(); ++i) {
+        const int percent = i + 1 < section.fields.size() ? 100 * weights[i] / sum : 100 - given;
+        given += percent;
+        html += QStringLiteral("<th width=\"%1%\">%2</th>")
+                    .arg(percent)
+                    .arg(section.fields[i].label.toHtmlEscaped());
+    }
     html += QStringLiteral("</tr></thead><tbody>");
     for (const QVariantHash& row : rows) {
         html += QStringLiteral("<tr>");
@@ -216,9 +238,8 @@ QString formatValue(store::Database& db, const Format& format, const QVariant& v
         const double number = value.toDouble(&ok);
         if (!ok)
             return value.toString();
-        return format.places < 0
-                   ? brazil().toString(number, 'f', QLocale::FloatingPointShortest)
-                   : brazil().toString(number, 'f', format.places);
+        return format.places < 0 ? brazil().toString(number, 'f', QLocale::FloatingPointShortest)
+                                 : brazil().toString(number, 'f', format.places);
     }
     case Kind::Map: {
         const QString code = plain(value).trimmed();

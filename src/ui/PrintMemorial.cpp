@@ -41,13 +41,13 @@ private:
     bool m_on = true;
 };
 
-const QString kSurveyQuestion = QStringLiteral(
-    "Data do Levantamento não está cadastrada!\n"
-    "Existem 2 alternativas:\n"
-    "1) Imprimir o Relatório sem constar a Data de Levantamento.\n"
-    "2) Inserir a data de levantamento, no Preenchimento do Memorial.\n"
-    "\n"
-    "Continuar a impressão?");
+const QString kSurveyQuestion =
+    QStringLiteral("Data do Levantamento não está cadastrada!\n"
+                   "Existem 2 alternativas:\n"
+                   "1) Imprimir o Relatório sem constar a Data de Levantamento.\n"
+                   "2) Inserir a data de levantamento, no Preenchimento do Memorial.\n"
+                   "\n"
+                   "Continuar a impressão?");
 
 QPrinter& a4(QPrinter& printer) {
     printer.setPageSize(QPageSize(QPageSize::A4));
@@ -59,8 +59,8 @@ QPrinter& a4(QPrinter& printer) {
 
 bool printMemorial(store::Database& db, const store::RegisterKey& key,
                    const MemorialOutput& output) {
-    if (!dialogs().ask(kTitle, QStringLiteral("Confirma a Impressão do Memorial?"),
-                       Icon::Question, false))
+    if (!dialogs().ask(kTitle, QStringLiteral("Confirma a Impressão do Memorial?"), Icon::Question,
+                       false))
         return false;
     bool printed = false;
     runGuarded([&] {
@@ -85,21 +85,20 @@ bool printMemorial(store::Database& db, const store::RegisterKey& key,
     return printed;
 }
 
-bool printMemorial(store::Database& db, const store::RegisterKey& key,
-                   PrintDestination destination, QWidget* parent) {
+bool printMemorial(store::Database& db, const store::RegisterKey& key, PrintDestination destination,
+                   QWidget* parent) {
     return printMemorial(db, key, [&](const printing::Memorial& memorial) {
         QPrinter printer(QPrinter::HighResolution);
         a4(printer);
         if (destination == PrintDestination::Preview) {
             QPrintPreviewDialog preview(&printer, parent);
             preview.setWindowTitle(QStringLiteral("Memorial - Visualização"));
-            QObject::connect(&preview, &QPrintPreviewDialog::paintRequested,
-                             [&](QPrinter* target) {
-                                 runGuarded([&] {
-                                     Hourglass hourglass;
-                                     memorial.print(*target);
-                                 });
-                             });
+            QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, [&](QPrinter* target) {
+                runGuarded([&] {
+                    Hourglass hourglass;
+                    memorial.print(*target);
+                });
+            });
             preview.exec();
             return true;
         }

@@ -35,8 +35,8 @@ bool printMemorial(store::Database& db, const store::RegisterKey& key,
                    const MemorialOutput& output);
 
 // The same run to a destination of the screen's choice.
-bool printMemorial(store::Database& db, const store::RegisterKey& key,
-                   PrintDestination destination, QWidget* parent);
+bool printMemorial(store::Database& db, const store::RegisterKey& key, PrintDestination destination,
+                   QWidget* parent);
 
 // The receipt of an export: written as a PDF at `pdfPath` and sent to the default printer when
 // the machine has one, with the moment of `sent`. A failure shows "Durante a emissão ocorreu

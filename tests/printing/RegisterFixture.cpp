@@ -33,16 +33,11 @@ QVariantMap keyed(const store::RegisterKey& key, QVariantMap values) {
 }
 
 QVariantMap company(const QString& name) {
-    return {{"DRAZAOSOCIL", name},
-            {"DCONTT", "MARIA DA SILVA"},
-            {"DLOGRD", "RUA DAS FLORES"},
-            {"NLOGRD", 120},
-            {"DBAIRR", "CENTRO"},
-            {"CCEP", 1310100},
-            {"NMUNCPDISTRFORNC", 100},
-            {"NDDD", 11},
-            {"NTELFN", 32145678},
-            {"DEMAIL", "contato@empresa.com.br"}};
+    return {{"DRAZAOSOCIL", name},        {"DCONTT", "MARIA DA SILVA"},
+            {"DLOGRD", "RUA DAS FLORES"}, {"NLOGRD", 120},
+            {"DBAIRR", "CENTRO"},         {"CCEP", 1310100},
+            {"NMUNCPDISTRFORNC", 100},    {"NDDD", 11},
+            {"NTELFN", 32145678},         {"DEMAIL", "contato@empresa.com.br"}};
 }
 
 QVariantMap with(QVariantMap base, const QVariantMap& more) {
@@ -122,8 +117,8 @@ void fillRegister(store::Database& db, const store::RegisterKey& key, int distri
     for (int code : {1, 5, 17})
         insertRow(db, "TB_POSTOCOMRCSERVC",
                   keyed(key, {{"NCOMRCSERVC", code},
-                              {"DCOMRCSERVC", code == 17 ? QVariant("Lava-jato de motos")
-                                                         : QVariant()}}));
+                              {"DCOMRCSERVC",
+                               code == 17 ? QVariant("Lava-jato de motos") : QVariant()}}));
     for (int code : {5, 16, 36})
         insertRow(db, "TB_POSTOUSOOCUPCSOLO", keyed(key, {{"NUSOOCUPCSOLO", code}}));
 
@@ -243,11 +238,10 @@ void fillRegister(store::Database& db, const store::RegisterKey& key, int distri
               keyed(key, with(company(QStringLiteral("GÁS DONO S.A.")), {{"NCOMPR", 2}})));
     insertRow(db, "TB_POSTOGASBOMBAPROPR",
               keyed(key, with(company(QStringLiteral("GÁS DONO S.A.")), {{"NBOMBA", 2}})));
-    insertRow(db, "TB_POSTOMOVMN",
-              keyed(key, {{"NCOMBS", 101},
-                          {"NSEQNCCOMBS", 1},
-                          {"QCOMBS", 45000.5},
-                          {"CUNIDDMEDDA", 2310}}));
+    insertRow(
+        db, "TB_POSTOMOVMN",
+        keyed(key,
+              {{"NCOMBS", 101}, {"NSEQNCCOMBS", 1}, {"QCOMBS", 45000.5}, {"CUNIDDMEDDA", 2310}}));
     insertRow(db, "TB_POSTOAREALAVAGEM",
               keyed(key, {{"SCONCR", -1}, {"SCOLTAAGUASERVD", -1}, {"SSAO", 0}}));
     insertRow(db, "TB_POSTOBALNCHIDRC",
@@ -256,11 +250,10 @@ void fillRegister(store::Database& db, const store::RegisterKey& key, int distri
                           {"DFONTEABAST", "Sabesp"},
                           {"QCONSMSANTR", 12.5},
                           {"QCONSMCOMRC", 40}}));
-    insertRow(db, "TB_POSTOEFLNTLIQDO",
-              keyed(key, {{"IEFLNTLIQDO", "D"},
-                          {"QEFLNTLIQDO", 10.75},
-                          {"NTRATM", 1},
-                          {"NDISPSFINAL", 1}}));
+    insertRow(
+        db, "TB_POSTOEFLNTLIQDO",
+        keyed(key,
+              {{"IEFLNTLIQDO", "D"}, {"QEFLNTLIQDO", 10.75}, {"NTRATM", 1}, {"NDISPSFINAL", 1}}));
     insertRow(db, "TB_POSTORESDU",
               keyed(key, {{"IRESDU", "Q"},
                           {"QRESDU", 200},
