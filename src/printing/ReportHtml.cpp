@@ -184,8 +184,12 @@ void writeTable(store::Database& db, const Section& section, const std::vector<Q
     html += QStringLiteral("</tr></thead><tbody>");
     for (const QVariantHash& row : rows) {
         html += QStringLiteral("<tr>");
-        for (const Field& field : section.fields)
-            html += QStringLiteral("<td>%1</td>").arg(cell(db, field, row));
+        for (const Field& field : section.fields) {
+            const bool number = field.format.kind == Format::Kind::Decimal;
+            html += QStringLiteral("<td%1>%2</td>")
+                        .arg(number ? QStringLiteral(" align=\"right\"") : QString(),
+                             cell(db, field, row));
+        }
         html += QStringLiteral("</tr>");
     }
     html += QStringLiteral("</tbody></table>");

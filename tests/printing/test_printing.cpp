@@ -137,6 +137,37 @@ private slots:
         QCOMPARE(printed.pageLines.value(2), QStringLiteral("Página 3 de %1").arg(pages));
     }
 
+    void aLongTableRepeatsItsHeadingOnEveryPage() {
+        testsupport::TestEnvironment env;
+        store::Database db(env.newDatabasePath());
+        insertEstablishment(db, kKey);
+        for (int i = 1; i <= 90; ++i) {
+            insertRow(db, "TB_POSTOMOVMN",
+                      {{"NMUNCP", kKey.nmuncp},
+                       {"NSEQNC", kKey.nseqnc},
+                       {"NCOMBS", 101},
+                       {"NSEQNCCOMBS", i},
+                       {"QCOMBS", 1000 + i},
+                       {"CUNIDDMEDDA", 2310}});
+        }
+        const printing::Memorial memorial(db, kKey, {QStringLiteral("CADASTRO"), {}, {}});
+        const QString pdf = qEnvironmentVariableIsEmpty("VOR_SAMPLE_TABLE_PDF")
+                                ? env.path(QStringLiteral("table.pdf"))
+                                : qEnvironmentVariable("VOR_SAMPLE_TABLE_PDF");
+        const int pages = memorial.writePdf(pdf);
+        QVERIFY(pages >= 3);
+        const Printed printed = readBack(pdf);
+        for (int page = 1; page < pages; ++page) {
+            QCOMPARE(printed.reports[page], QStringLiteral("rpt25_movmnmensalmedia"));
+            QVERIFY2(printed.texts[page].contains(QStringLiteral("Produto - Outros")),
+                     qPrintable(QStringLiteral("page %1 lacks the heading").arg(page + 1)));
+        }
+        // Every row is there once, across the pages.
+        const QString all = printed.texts.join(QLatin1Char('\n'));
+        QCOMPARE(all.count(QStringLiteral("Gasolina Comum")), 90);
+        QVERIFY(all.contains(QStringLiteral("1.090,00")));
+    }
+
     void probes_data() {
         QTest::addColumn<Setup>("setup");
         QTest::addColumn<QString>("report");
@@ -272,7 +303,9 @@ private slots:
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
         fillRegister(db, kKey);
-        const QString pdf = env.path(QStringLiteral("protocolo.pdf"));
+        const QString pdf = qEnvironmentVariableIsEmpty("VOR_SAMPLE_PROTOCOL_PDF")
+                                ? env.path(QStringLiteral("protocolo.pdf"))
+                                : qEnvironmentVariable("VOR_SAMPLE_PROTOCOL_PDF");
         const QString moment =
             printing::protocolDateTime(QDateTime(QDate(2024, 4, 2), QTime(9, 5, 31)));
         QCOMPARE(moment, QStringLiteral("02/04/2024 09:05"));
