@@ -1,6 +1,7 @@
 #include "app/CommandLine.h"
 
 #include "app/Paths.h"
+#include "app/PrintCommand.h"
 #include "app/Startup.h"
 #include "rules/Formats.h"
 #include "shell/MainWindow.h"
@@ -37,7 +38,9 @@ void describe(QCommandLineParser& parser, const QString& command) {
         QStringLiteral("VOR - Caderno Vorel de Empreendimento\n\n"
                        "  vor [--database FILE]            the desktop program\n"
                        "  vor init --database FILE         create the database and exit\n"
-                       "  vor summary --database FILE      print what the database holds"));
+                       "  vor summary --database FILE      print what the database holds\n"
+                       "  vor print --database FILE --register CODE --pdf OUT.pdf\n"
+                       "                                   the memorial of a register as PDF"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOption({QStringLiteral("database"),
@@ -135,6 +138,9 @@ int runDesktop(int argc, char* argv[]) {
 } // namespace
 
 int runCommandLine(int argc, char* argv[]) {
+    // Printing lays out pages and so needs a GUI application of its own.
+    if (argc > 1 && std::strcmp(argv[1], "print") == 0)
+        return runPrintCommand(argc, argv);
     const bool isCommand = argc > 1 && argv[1][0] != '-';
     const bool wantsVersionOrHelp =
         argc > 1 && (std::strcmp(argv[1], "--version") == 0 || std::strcmp(argv[1], "-v") == 0 ||
