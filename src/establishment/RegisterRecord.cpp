@@ -235,7 +235,7 @@ RegisterFields loadRegister(store::Database& db, const store::RegisterKey& key) 
     f.cep = digitsOf(e.value(10), 8);
     f.municipio = textOf(e.value(11));
     f.municipioCodigo = e.value(0).toInt();
-    f.ddd = digitsOf(e.value(12), 0);
+    f.ddd = digitsOf(e.value(12), 3); // shown through "0##"
     f.telefone = digitsOf(e.value(13), 0);
     f.fax = digitsOf(e.value(14), 0);
     f.email = textOf(e.value(15));
