@@ -8,36 +8,59 @@
 
 namespace ui {
 
-// What the screens of one run share: the register being worked on, the filling objective and
-// the positions that lists restore when they are shown again. It lives as long as the main
-// screen and is passed to every screen; nothing of it is saved.
+// What the screens share for the length of one run: the register being worked on, the filling
+// objective and the small marks that the list and the register form leave for each other. One
+// object, created with the main screen and passed to every screen; nothing of it is persisted.
 struct Session {
-    // The register being worked on (gNMUNCP, gNSEQNC, gAINFRM, gRazaoSocial).
+    // Objectives, as chosen in the objective dialog; below kLicencaPrevia means an establishment
+    // already in operation.
+    enum Objective {
+        Cadastro = 0,
+        LicencaFuncionamento = 1,
+        LicencaPrevia = 2,
+        LicencaInstalacao = 3,
+        LicencaPreviaInstalacao = 4
+    };
+
+    // gNMUNCP, gNSEQNC, gAINFRM, gRazaoSocial: the register being worked on.
     int nmuncp = 0;
     int nseqnc = 0;
     QDate ainfrm;
     QString razaoSocial;
 
-    // The filling objective of the database, 0 to 4 (gObjetivo); none until one is chosen.
+    // gObjetivo: empty until the objective dialog was left with Continuar in this run.
     std::optional<int> objetivo;
 
-    // The register list and the register form.
-    QString operacao;        // gOperacao: "Incluir" or "Alterar"
-    int origemSelecao = 0;   // gOrigemSelecao: 0 from the main screen, 1 from the list
-    QString marcaContinuar;  // gMarcaContinuar
-    int linhaLista = 0;      // gLinhaLista: row of the register list to reselect
-    bool primeiraVez = true; // gPrimeiraVez
-    QString chaveNova;       // gChaveNova: code of a register just inserted
+    // gOperacao: "Incluir" or "Alterar", the register form's mode.
+    QString operacao;
+    // gOrigemSelecao: 0 when printing or export starts from the main screen, 1 from the list.
+    int origemSelecao = 0;
+    // gChaveNova: code of a register just inserted, for the list to select it; emptied there.
+    QString chaveNova;
+    // gLinhaLista: row (from 1) of the register last chosen in the list; 0 for none.
+    int linhaLista = 0;
+    // gPrimeiraVez: true from the main screen's start until the list has loaded once.
+    bool primeiraVez = true;
+    // gMarcaContinuar: "M" once Continuar of the list or Ok of the register form ran.
+    QString marcaContinuar;
 
-    // The list and maintenance screens.
-    QString operacaoItem;   // gOperacaoItem, such as "Incluir Tanque"
-    int linhaPrincipal = 0; // gLinhaPrincipal
-    int linhaDetalhe = 0;   // gLinhaDetalhe
+    // The list and maintenance screens of the chain.
+    QString operacaoItem;   // gOperacaoItem: the operation in progress, such as "Incluir Tanque"
+    int linhaPrincipal = 0; // gLinhaPrincipal: row of the main grid to reselect
+    int linhaDetalhe = 0;   // gLinhaDetalhe: row of the detail grid to reselect
     int pendentes = 0;      // gPendentes: children still to enter in a forced chain
 
     store::RegisterKey key() const { return {nmuncp, nseqnc}; }
-    // The objective for the chain's jumps; a register without one walks the whole chain.
-    int objetivoOrCadastro() const { return objetivo.value_or(0); }
+    void setKey(const store::RegisterKey& k) {
+        nmuncp = k.nmuncp;
+        nseqnc = k.nseqnc;
+    }
+    // The objective as the rules compare it: an objective never chosen counts as Cadastro.
+    int objective() const { return objetivo.value_or(Cadastro); }
+    bool inOperation() const { return objective() < LicencaPrevia; }
 };
+
+inline const QString kIncluir = QStringLiteral("Incluir");
+inline const QString kAlterar = QStringLiteral("Alterar");
 
 } // namespace ui

@@ -1,0 +1,609 @@
+#include "establishment/RegisterForm.h"
+
+#include "establishment/FieldRules.h"
+#include "rules/Formats.h"
+#include "store/Database.h"
+#include "ui/BusyCursor.h"
+#include "ui/Dialogs.h"
+#include "ui/ErrorRoutine.h"
+#include "ui/Session.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRegularExpressionValidator>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace establishment {
+
+namespace {
+
+// Display masks of the fields that show one when the focus is elsewhere.
+const QHash<QString, QString>& displayMasks() {
+    static const QHash<QString, QString> masks = {
+        {QStringLiteral("txtCCEP"), QStringLiteral("@@@@@-@@@")},
+        {QStringLiteral("txtntelfnemprs"), QStringLiteral("@@@@-@@@@")},
+        {QStringLiteral("txtNFAX"), QStringLiteral("@@@@-@@@@")},
+        {QStringLiteral("txtcCnpj"), QStringLiteral("@@.@@@.@@@/@@@@-@@")},
+        {QStringLiteral("txtcibge"), QStringLiteral("@@.@@.@@-@")},
+        {QStringLiteral("txtqLattd"), QStringLiteral("@@:@@:@@")},
+        {QStringLiteral("txtqLongt"), QStringLiteral("@@:@@:@@")},
+    };
+    return masks;
+}
+
+const QString kDateMask = QStringLiteral("99/99/9999;_");
+
+QString digitsOnly(const QString& text) {
+    QString digits;
+    for (QChar c : text) {
+        if (c.isDigit())
+            digits += c;
+    }
+    return digits;
+}
+
+// The quote key becomes a grave accent as it is typed.
+void filterQuotes(QLineEdit* edit) {
+    QObject::connect(edit, &QLineEdit::textEdited, edit, [edit](const QString& text) {
+        if (!text.contains(QLatin1Char('\'')))
+            return;
+        const int cursor = edit->cursorPosition();
+        QString replaced = text;
+        replaced.replace(QLatin1Char('\''), QLatin1Char('`'));
+        edit->setText(replaced);
+        edit->setCursorPosition(cursor);
+    });
+}
+
+void filterDigits(QLineEdit* edit) {
+    edit->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), edit));
+}
+
+// A date field's text, or nothing when no digit was typed.
+QString dateText(const QLineEdit* edit) {
+    return digitsOnly(edit->text()).isEmpty() ? QString() : edit->text();
+}
+
+} // namespace
+
+RegisterForm::RegisterForm(store::Database& db, ui::Session& session, QWidget* parent)
+    : QWidget(parent)
+    , m_db(db)
+    , m_session(session)
+    , m_changing(session.operacao == ui::kAlterar) {
+    setObjectName(QStringLiteral("frmVORCadast"));
+    setWindowTitle(QStringLiteral("Caderno Vorel de Empreendimento"));
+    build();
+
+    RegisterFields entry;
+    if (m_changing) {
+        ui::runGuarded([&] { entry = loadRegister(m_db, m_session.key()); });
+        entry.nmuncpText = QString::number(m_session.nmuncp);
+        entry.nseqncText = QString::number(m_session.nseqnc);
+    }
+    setFields(entry);
+    m_packOnEntry = fields().pack();
+    m_ok->setEnabled(false);
+    m_cancelar->setEnabled(false);
+    m_fechar->setEnabled(true);
+}
+
+QLineEdit* RegisterForm::addText(const char* name, int maxLength) {
+    auto* edit = new QLineEdit(this);
+    edit->setObjectName(QString::fromLatin1(name));
+    if (maxLength > 0)
+        edit->setMaxLength(maxLength);
+    edit->installEventFilter(this);
+    m_texts.insert(edit->objectName(), edit);
+    connect(edit, &QLineEdit::textChanged, this, &RegisterForm::checkChanged);
+    return edit;
+}
+
+void RegisterForm::build() {
+    // Tipo de Empreendimento
+    auto* kindFrame = new QGroupBox(QStringLiteral("Tipo de Empreendimento"), this);
+    kindFrame->setObjectName(QStringLiteral("Frame17"));
+    auto* kindLayout = new QHBoxLayout(kindFrame);
+    const std::array<QString, 4> kindCaptions = {
+        QStringLiteral("Posto Revendedor"), QStringLiteral("Instalação de Sistema Retalhista"),
+        QStringLiteral("Posto de Abastecimento"), QStringLiteral("Posto Flutuante")};
+    for (std::size_t i = 0; i < m_kinds.size(); ++i) {
+        m_kinds[i] = new QRadioButton(kindCaptions[i], kindFrame);
+        m_kinds[i]->setObjectName(QStringLiteral("Option1_%1").arg(i));
+        kindLayout->addWidget(m_kinds[i]);
+        connect(m_kinds[i], &QRadioButton::toggled, this, &RegisterForm::checkChanged);
+    }
+    kindLayout->addStretch();
+
+    // Hidden fields: the key and what the municipality carries.
+    for (const char* hidden : {"txtnMuncp", "txtnSeqnc", "txtnUGRHI", "txtNBACIA"})
+        addText(hidden, 0)->hide();
+
+    // Fields in the order of entry.
+    QLineEdit* razao = addText("txtDRAZAOSOCIL", 70);
+    QLineEdit* fantasia = addText("txtDFANTS", 70);
+    QLineEdit* bandeira = addText("txtDBANDR", 20);
+    QLineEdit* logradouro = addText("txtDLOGRD", 45);
+    QLineEdit* numero = addText("txtNLOGRD", 5);
+    QLineEdit* complemento = addText("txtDLOGRDCOMPM", 17);
+    QLineEdit* bairro = addText("txtDBAIRR", 17);
+    QLineEdit* cep = addText("txtCCEP", 9);
+    m_municipio = new QComboBox(this);
+    m_municipio->setObjectName(QStringLiteral("cmbDMUNCP"));
+    m_municipio->installEventFilter(this);
+    m_municipioFixo = new QLineEdit(this);
+    m_municipioFixo->setObjectName(QStringLiteral("picDMUNCP"));
+    m_municipioFixo->setReadOnly(true);
+    m_municipioFixo->setFocusPolicy(Qt::NoFocus);
+    m_municipioFixo->setToolTip(
+        QStringLiteral("O município faz parte do código do VOR e não pode ser alterado."));
+    QLineEdit* ddd = addText("txtndddemprs", 4);
+    QLineEdit* telefone = addText("txtntelfnemprs", 9);
+    QLineEdit* fax = addText("txtNFAX", 9);
+    QLineEdit* email = addText("txtDEMAIL", 50);
+    QLineEdit* cnpj = addText("txtcCnpj", 18);
+    QLineEdit* anp = addText("txtNANP", 9);
+    QLineEdit* anpAnterior = addText("txtNANPANTRR", 8);
+    QLineEdit* inscEstadual = addText("txtNINSCRESTDL", 12);
+    QLineEdit* inscMunicipal = addText("txtNINSCRMUNCP", 12);
+    QLineEdit* cibge = addText("txtcibge", 10);
+    QLineEdit* latitude = addText("txtqLattd", 8);
+    QLineEdit* longitude = addText("txtqLongt", 8);
+    QLineEdit* inicio = addText("mskACADST", 0);
+    QLineEdit* levantamento = addText("mskALEVNT", 0);
+    inicio->setInputMask(kDateMask);
+    levantamento->setInputMask(kDateMask);
+
+    for (QLineEdit* e : {razao, fantasia, bandeira, logradouro, complemento, bairro, email})
+        filterQuotes(e);
+    for (QLineEdit* e : {numero, ddd, telefone, fax, inscEstadual, cep, latitude, longitude})
+        filterDigits(e);
+    if (m_session.inOperation())
+        filterDigits(cnpj);
+    for (QLineEdit* e :
+         {razao, fantasia, bandeira, logradouro, complemento, bairro, anp, anpAnterior}) {
+        connect(e, &QLineEdit::editingFinished, e, [e] {
+            if (!e->text().trimmed().isEmpty() && e->text() != e->text().toUpper())
+                e->setText(e->text().toUpper());
+        });
+    }
+    for (QLineEdit* e : {ddd, numero})
+        e->setMaximumWidth(70);
+    for (QLineEdit* e : {cep, telefone, fax, latitude, longitude, inicio, levantamento})
+        e->setMaximumWidth(110);
+    for (QLineEdit* e : {cnpj, anp, anpAnterior, inscEstadual, inscMunicipal, cibge})
+        e->setMaximumWidth(170);
+
+    const auto label = [this](const QString& text, QWidget* buddy) {
+        auto* l = new QLabel(text, this);
+        l->setBuddy(buddy);
+        l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        return l;
+    };
+
+    // Identificação
+    auto* ident = new QGroupBox(QStringLiteral("Identificação:"), this);
+    ident->setObjectName(QStringLiteral("Frame2"));
+    auto* grid = new QGridLayout(ident);
+    grid->setHorizontalSpacing(10);
+    grid->setColumnStretch(1, 3);
+    grid->setColumnStretch(3, 2);
+    int row = 0;
+    grid->addWidget(label(QStringLiteral("Razão Social:"), razao), row, 0);
+    grid->addWidget(razao, row++, 1, 1, 3);
+    grid->addWidget(label(QStringLiteral("Nome Fantasia:"), fantasia), row, 0);
+    grid->addWidget(fantasia, row++, 1, 1, 3);
+    grid->addWidget(label(QStringLiteral("Bandeira:"), bandeira), row, 0);
+    grid->addWidget(bandeira, row++, 1);
+    grid->addWidget(label(QStringLiteral("Endereço:"), logradouro), row, 0);
+    grid->addWidget(logradouro, row, 1);
+    grid->addWidget(label(QStringLiteral("Número:"), numero), row, 2);
+    grid->addWidget(numero, row++, 3);
+    grid->addWidget(label(QStringLiteral("Complemento:"), complemento), row, 0);
+    grid->addWidget(complemento, row, 1);
+    grid->addWidget(label(QStringLiteral("Bairro:"), bairro), row, 2);
+    grid->addWidget(bairro, row++, 3);
+    grid->addWidget(label(QStringLiteral("CEP:"), cep), row, 0);
+    grid->addWidget(cep, row, 1);
+    auto* municipioBox = new QHBoxLayout;
+    municipioBox->setContentsMargins(0, 0, 0, 0);
+    municipioBox->addWidget(m_municipio, 1);
+    municipioBox->addWidget(m_municipioFixo, 1);
+    grid->addWidget(label(QStringLiteral("Município:"), m_municipio), row, 2);
+    grid->addLayout(municipioBox, row++, 3);
+    auto* phoneBox = new QHBoxLayout;
+    phoneBox->setContentsMargins(0, 0, 0, 0);
+    phoneBox->addWidget(ddd);
+    phoneBox->addSpacing(12);
+    phoneBox->addWidget(label(QStringLiteral("Tel.:"), telefone));
+    phoneBox->addWidget(telefone);
+    phoneBox->addStretch();
+    grid->addWidget(label(QStringLiteral("DDD:"), ddd), row, 0);
+    grid->addLayout(phoneBox, row, 1);
+    grid->addWidget(label(QStringLiteral("Fax:"), fax), row, 2);
+    grid->addWidget(fax, row++, 3);
+    grid->addWidget(label(QStringLiteral("Correio Eletrônico:"), email), row, 0);
+    grid->addWidget(email, row++, 1, 1, 3);
+    grid->addWidget(label(QStringLiteral("CNPJ Nº:"), cnpj), row, 0);
+    grid->addWidget(cnpj, row, 1);
+    grid->addWidget(label(QStringLiteral("REG. ANP Atual:"), anp), row, 2);
+    grid->addWidget(anp, row++, 3);
+    grid->addWidget(label(QStringLiteral("REG. ANP Anterior:"), anpAnterior), row, 0);
+    grid->addWidget(anpAnterior, row, 1);
+    grid->addWidget(label(QStringLiteral("INSC. Estadual:"), inscEstadual), row, 2);
+    grid->addWidget(inscEstadual, row++, 3);
+    grid->addWidget(label(QStringLiteral("INSC. Municipal:"), inscMunicipal), row, 0);
+    grid->addWidget(inscMunicipal, row, 1);
+    grid->addWidget(label(QStringLiteral("CÓD. Atividade:"), cibge), row, 2);
+    grid->addWidget(cibge, row++, 3);
+
+    // Coordenadas Geográficas
+    auto* coords = new QGroupBox(QStringLiteral("Coordenadas Geográficas"), this);
+    coords->setObjectName(QStringLiteral("Frame16"));
+    auto* coordsLayout = new QHBoxLayout(coords);
+    coordsLayout->addWidget(new QLabel(QStringLiteral("Latitude (grau/min/seg):"), coords));
+    coordsLayout->addWidget(latitude);
+    coordsLayout->addSpacing(24);
+    coordsLayout->addWidget(new QLabel(QStringLiteral("Longitude (grau/min/seg):"), coords));
+    coordsLayout->addWidget(longitude);
+    coordsLayout->addStretch();
+
+    auto* dates = new QGridLayout;
+    dates->setHorizontalSpacing(10);
+    dates->addWidget(label(QStringLiteral("Data de Início das Atividades no Local:"), inicio), 0,
+                     0);
+    dates->addWidget(inicio, 0, 1);
+    dates->addWidget(label(QStringLiteral("Data do Levantamento :"), levantamento), 1, 0);
+    dates->addWidget(levantamento, 1, 1);
+    dates->setColumnStretch(2, 1);
+
+    // Buttons
+    auto* buttons = new QWidget(this);
+    buttons->setObjectName(QStringLiteral("Frame21"));
+    m_ok = new QPushButton(QStringLiteral("&Ok"), buttons);
+    m_ok->setObjectName(QStringLiteral("cmkOk"));
+    m_cancelar = new QPushButton(QStringLiteral("&Cancelar"), buttons);
+    m_cancelar->setObjectName(QStringLiteral("cmdCancelar"));
+    m_fechar = new QPushButton(QStringLiteral("&Fechar"), buttons);
+    m_fechar->setObjectName(QStringLiteral("cmdFechar"));
+    auto* buttonLayout = new QHBoxLayout(buttons);
+    buttonLayout->setContentsMargins(0, 0, 0, 0);
+    buttonLayout->addStretch();
+    for (QPushButton* b : {m_ok, m_cancelar, m_fechar}) {
+        b->setMinimumWidth(96);
+        buttonLayout->addWidget(b);
+    }
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 12, 16, 12);
+    layout->addWidget(kindFrame);
+    layout->addWidget(ident);
+    layout->addWidget(coords);
+    layout->addLayout(dates);
+    layout->addStretch();
+    layout->addWidget(buttons);
+
+    // Tab order: the order of entry.
+    QList<QWidget*> order = {
+        m_kinds[0], razao,  fantasia,     bandeira,     logradouro,    numero,  complemento,
+        bairro,     cep,    m_municipio,  ddd,          telefone,      fax,     email,
+        cnpj,       anp,    anpAnterior,  inscEstadual, inscMunicipal, cibge,   latitude,
+        longitude,  inicio, levantamento, m_ok,         m_cancelar,    m_fechar};
+    for (int i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+
+    ui::runGuarded([&] {
+        for (const auto& [code, name] : municipalities(m_db))
+            m_municipio->addItem(name, code);
+    });
+    m_municipio->setCurrentIndex(-1);
+    connect(m_municipio, &QComboBox::currentIndexChanged, this, &RegisterForm::checkChanged);
+    connect(m_municipio, &QComboBox::activated, this, &RegisterForm::municipalityChosen);
+    m_municipio->setVisible(!m_changing);
+    m_municipioFixo->setVisible(m_changing);
+
+    connect(m_ok, &QPushButton::clicked, this, &RegisterForm::ok);
+    connect(m_cancelar, &QPushButton::clicked, this, &RegisterForm::fechar);
+    connect(m_fechar, &QPushButton::clicked, this, &RegisterForm::fechar);
+}
+
+void RegisterForm::setFields(const RegisterFields& f) {
+    const auto set = [this](const char* name, const QString& value) {
+        QLineEdit* e = m_texts.value(QString::fromLatin1(name));
+        const QString mask = displayMasks().value(e->objectName());
+        e->setText(mask.isEmpty() || value.isEmpty() ? value : fieldrules::poeMascara(mask, value));
+    };
+    const QString kinds = QStringLiteral("RIAF");
+    const qsizetype kind = kinds.indexOf(f.kind);
+    m_kinds[std::size_t(kind < 0 ? 0 : kind)]->setChecked(true);
+    set("txtnMuncp", f.nmuncpText);
+    set("txtnSeqnc", f.nseqncText);
+    set("txtnUGRHI", f.nugrhi);
+    set("txtNBACIA", f.nbacia);
+    set("txtDRAZAOSOCIL", f.razaoSocial);
+    set("txtDFANTS", f.fantasia);
+    set("txtDBANDR", f.bandeira);
+    set("txtDLOGRD", f.logradouro);
+    set("txtNLOGRD", f.numero);
+    set("txtDLOGRDCOMPM", f.complemento);
+    set("txtDBAIRR", f.bairro);
+    set("txtCCEP", f.cep);
+    m_municipio->setCurrentIndex(m_municipio->findData(f.municipioCodigo));
+    m_municipioFixo->setText(f.municipio);
+    set("txtndddemprs", f.ddd);
+    set("txtntelfnemprs", f.telefone);
+    set("txtNFAX", f.fax);
+    set("txtDEMAIL", f.email);
+    set("txtcCnpj", f.cnpj);
+    set("txtNANP", f.anp);
+    set("txtNANPANTRR", f.anpAnterior);
+    set("txtNINSCRESTDL", f.inscEstadual);
+    set("txtNINSCRMUNCP", f.inscMunicipal);
+    set("txtcibge", f.cibge);
+    set("txtqLattd", f.latitude);
+    set("txtqLongt", f.longitude);
+    set("mskACADST", f.inicioAtividades);
+    set("mskALEVNT", f.levantamento);
+}
+
+RegisterFields RegisterForm::fields() const {
+    const auto text = [this](const char* name) {
+        const QLineEdit* e = m_texts.value(QString::fromLatin1(name));
+        const QString mask = displayMasks().value(e->objectName());
+        return mask.isEmpty() ? e->text() : fieldrules::tiraMascara(mask, e->text()).trimmed();
+    };
+    RegisterFields f;
+    for (std::size_t i = 0; i < m_kinds.size(); ++i) {
+        if (m_kinds[i]->isChecked())
+            f.kind = QStringLiteral("RIAF").mid(qsizetype(i), 1);
+    }
+    f.nmuncpText = text("txtnMuncp");
+    f.nseqncText = text("txtnSeqnc");
+    f.nugrhi = text("txtnUGRHI");
+    f.nbacia = text("txtNBACIA");
+    f.razaoSocial = text("txtDRAZAOSOCIL");
+    f.fantasia = text("txtDFANTS");
+    f.bandeira = text("txtDBANDR");
+    f.logradouro = text("txtDLOGRD");
+    f.numero = text("txtNLOGRD");
+    f.complemento = text("txtDLOGRDCOMPM");
+    f.bairro = text("txtDBAIRR");
+    f.cep = text("txtCCEP");
+    if (m_changing) {
+        f.municipio = m_municipioFixo->text();
+        f.municipioCodigo = m_session.nmuncp;
+    } else {
+        f.municipio = m_municipio->currentText();
+        f.municipioCodigo = m_municipio->currentData().toInt();
+    }
+    f.ddd = text("txtndddemprs");
+    f.telefone = text("txtntelfnemprs");
+    f.fax = text("txtNFAX");
+    f.email = text("txtDEMAIL");
+    f.cnpj = text("txtcCnpj");
+    f.anp = text("txtNANP");
+    f.anpAnterior = text("txtNANPANTRR");
+    f.inscEstadual = text("txtNINSCRESTDL");
+    f.inscMunicipal = text("txtNINSCRMUNCP");
+    f.cibge = text("txtcibge");
+    f.latitude = text("txtqLattd");
+    f.longitude = text("txtqLongt");
+    f.inicioAtividades = dateText(m_texts.value(QStringLiteral("mskACADST")));
+    f.levantamento = dateText(m_texts.value(QStringLiteral("mskALEVNT")));
+    return f;
+}
+
+void RegisterForm::checkChanged() {
+    if (m_packOnEntry.isNull())
+        return; // still filling the fields on entry
+    const bool changed = fields().pack() != m_packOnEntry;
+    m_ok->setEnabled(changed);
+    m_cancelar->setEnabled(changed);
+    m_fechar->setEnabled(!changed);
+}
+
+bool RegisterForm::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_municipio && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab && m_municipio->currentIndex() < 0 &&
+        m_municipio->count() > 0) {
+        // Tab on an empty combo moves the list to its first entry rather than leaving it.
+        m_municipio->setCurrentIndex(0);
+        return true;
+    }
+    auto* field = qobject_cast<QLineEdit*>(watched);
+    if (field && m_texts.contains(field->objectName())) {
+        if (event->type() == QEvent::FocusIn) {
+            fieldEntered(field);
+        } else if (event->type() == QEvent::FocusOut) {
+            const auto reason = static_cast<QFocusEvent*>(event)->reason();
+            const QWidget* next = QApplication::focusWidget();
+            const QString mask = displayMasks().value(field->objectName());
+            if (!mask.isEmpty() && !field->text().isEmpty())
+                field->setText(fieldrules::poeMascara(mask, field->text()));
+            // Leaving for a button, for another window or by a refusal's own focus change is not
+            // leaving the field: Ok checks the field itself, Fechar and Cancelar drop it.
+            const bool toButton = next == m_ok || next == m_cancelar || next == m_fechar;
+            if (!m_inLeaveCheck && !toButton && reason != Qt::ActiveWindowFocusReason &&
+                reason != Qt::PopupFocusReason)
+                leaveCheck(field, false);
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void RegisterForm::fieldEntered(QLineEdit* field) {
+    m_lastField = field;
+    const QString mask = displayMasks().value(field->objectName());
+    if (!mask.isEmpty())
+        field->setText(fieldrules::tiraMascara(mask, field->text()).trimmed());
+}
+
+bool RegisterForm::leaveCheck(QWidget* widget, bool onOk) {
+    auto* field = qobject_cast<QLineEdit*>(widget);
+    if (!field)
+        return true;
+    const QString name = field->objectName();
+    const QString mask = displayMasks().value(name);
+    const QString text =
+        mask.isEmpty() ? field->text() : fieldrules::tiraMascara(mask, field->text()).trimmed();
+
+    std::optional<Refusal> refusal;
+    bool focusBack = true;
+    const auto critical = [&](const QString& message) {
+        refusal = Refusal{name, message, ui::Icon::Critical, ui::kTitle};
+    };
+
+    if (name == QLatin1String("mskACADST") || name == QLatin1String("mskALEVNT")) {
+        const bool start = name == QLatin1String("mskACADST");
+        const QString what = start ? QStringLiteral("da Data de Início das Atividades no Local")
+                                   : QStringLiteral("da Data de Levantamento");
+        if (digitsOnly(field->text()).isEmpty()) {
+            critical(QStringLiteral("Preenchimento Obrigatório ") + what);
+            focusBack = false;
+        } else if (!QDate::fromString(field->text(), rules::kShortDateFormat).isValid()) {
+            critical(QStringLiteral("Preenchimento Incorreto ") + what);
+        }
+    } else if (name == QLatin1String("txtqLattd") || name == QLatin1String("txtqLongt")) {
+        const bool latitude = name == QLatin1String("txtqLattd");
+        if (!text.isEmpty()) {
+            const int degrees = text.mid(0, 2).toInt();
+            const bool wrong =
+                text.size() < 6 || text.mid(2, 2).toInt() > 59 || text.mid(4, 2).toInt() > 59 ||
+                (latitude ? degrees < 20 || degrees > 30 : degrees < 40 || degrees > 60);
+            if (wrong)
+                critical(latitude ? QStringLiteral("Preenchimento da Latitude Incorreto")
+                                  : QStringLiteral("Preenchimento da Longitude Incorreto"));
+        }
+    } else if (name == QLatin1String("txtndddemprs")) {
+        if (!text.isEmpty() && text.size() < 2)
+            critical(QStringLiteral("Preenchimento Incorreto do DDD."));
+        else if (!text.isEmpty())
+            field->setText(QStringLiteral("%1").arg(text.toInt(), 3, 10, QLatin1Char('0')));
+    } else if (name == QLatin1String("txtntelfnemprs")) {
+        if (!text.isEmpty() && text.size() < 7)
+            critical(QStringLiteral("Preenchimento Incorreto do Telefone"));
+    } else if (name == QLatin1String("txtNFAX")) {
+        if (!text.isEmpty() && text.size() < 7)
+            critical(QStringLiteral("Preenchimento Incorreto do FAX"));
+    } else if (name == QLatin1String("txtNINSCRESTDL")) {
+        if (!text.trimmed().isEmpty() && text.toDouble() == 0)
+            refusal = Refusal{name, QStringLiteral("Preenchimento Incorreto da Inscrição Estadual"),
+                              ui::Icon::Information, ui::kTitle};
+    } else if (name == QLatin1String("txtCCEP")) {
+        if (text.isEmpty()) {
+            critical(QStringLiteral("Preenchimento Obrigatório do CEP."));
+            focusBack = false;
+        } else if (text.size() != 8) {
+            critical(QStringLiteral("Preenchimento Incorreto do CEP"));
+        }
+    }
+    // At Ok an empty field is left to the checks of Ok, which word it in their own order.
+    if (!refusal || (onOk && !focusBack))
+        return true;
+    m_inLeaveCheck = true;
+    ui::dialogs().message(refusal->title, refusal->message, refusal->icon);
+    if (focusBack)
+        field->setFocus();
+    m_inLeaveCheck = false;
+    return !focusBack;
+}
+
+void RegisterForm::municipalityChosen() {
+    const QString cep = fields().cep;
+    if (cep.isEmpty())
+        return;
+    const int nmuncp = m_municipio->currentData().toInt();
+    m_texts.value(QStringLiteral("txtnMuncp"))->setText(QString::number(nmuncp));
+    fieldrules::CepCheck check;
+    if (!ui::runGuarded([&] { check = fieldrules::consscep(m_db, cep, nmuncp); }))
+        return;
+    m_inLeaveCheck = true;
+    if (!check.message.isEmpty()) {
+        ui::dialogs().message(ui::kTitle, QStringLiteral("CEP Inválido para o Município"),
+                              ui::Icon::None);
+        m_texts.value(QStringLiteral("txtCCEP"))->setFocus();
+    } else {
+        m_texts.value(QStringLiteral("txtndddemprs"))->setFocus();
+    }
+    m_inLeaveCheck = false;
+}
+
+void RegisterForm::refuse(const Refusal& refusal) {
+    m_inLeaveCheck = true;
+    ui::dialogs().message(refusal.title, refusal.message, refusal.icon);
+    if (auto* field = findChild<QWidget*>(refusal.field)) {
+        field->setEnabled(true);
+        field->setFocus();
+    }
+    m_inLeaveCheck = false;
+}
+
+void RegisterForm::ok() {
+    // The field that had the focus is left now: its own check comes first.
+    if (m_lastField && !leaveCheck(m_lastField, true))
+        return;
+    const RegisterFields f = fields();
+    CheckContext context;
+    context.objective = m_session.objective();
+    context.operacao = m_session.operacao;
+    context.sessionNmuncp = m_session.nmuncp;
+    CheckResult checked;
+    if (!ui::runGuarded([&] { checked = consistirDados(m_db, f, context); }))
+        return;
+    if (checked.refusal) {
+        refuse(*checked.refusal);
+        return;
+    }
+    // The last step of the checks: the register's municipality is settled.
+    m_session.nmuncp = checked.nmuncp;
+    m_texts.value(QStringLiteral("txtnMuncp"))->setText(QString::number(checked.nmuncp));
+
+    m_session.marcaContinuar = QStringLiteral("M");
+    bool saved = false;
+    {
+        ui::BusyCursor busy;
+        if (m_session.operacao == ui::kIncluir) {
+            saved = ui::runGuarded([&] {
+                const store::RegisterKey key = incluirRegistro(m_db, f, checked.nmuncp);
+                m_session.setKey(key);
+                m_session.chaveNova = key.code();
+            });
+        } else if (m_session.operacao == ui::kAlterar) {
+            saved = ui::runGuarded([&] { alterarRegistro(m_db, f, m_session.key()); });
+        } else {
+            alterarVor();
+            saved = true;
+        }
+    }
+    // A failed save keeps the form open with everything that was typed.
+    if (saved)
+        emit closed();
+}
+
+// Alterar_VOR: the walk through the questionnaire asks before it stores a change.
+void RegisterForm::alterarVor() {
+    const RegisterFields f = fields();
+    if (f.pack() == m_packOnEntry && m_session.operacao != ui::kAlterar)
+        return;
+    if (!ui::dialogs().ask(ui::kTitle, QStringLiteral("Confirma Alterações?"), ui::Icon::Question,
+                           false))
+        return;
+    ui::runGuarded([&] { alterarRegistro(m_db, f, m_session.key()); });
+}
+
+void RegisterForm::fechar() {
+    ui::BusyCursor busy;
+    emit closed();
+}
+
+} // namespace establishment

@@ -1,0 +1,84 @@
+#include "shell/QuestionnaireFrame.h"
+
+#include "shell/RegisterList.h"
+
+#include <QLabel>
+#include <QMenuBar>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace shell {
+
+QuestionnaireFrame::QuestionnaireFrame(store::Database& db, ui::Session& session, QWidget* parent)
+    : QMainWindow(parent)
+    , m_db(db)
+    , m_session(session) {
+    setObjectName(QStringLiteral("MDIForm1"));
+    setWindowTitle(QStringLiteral("Caderno Vorel de Empreendimento - [VOR]"));
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    QAction* arquivo = menuBar()->addAction(QStringLiteral("&Arquivo"));
+    arquivo->setObjectName(QStringLiteral("zMenuArquivo"));
+    QAction* sair = menuBar()->addAction(QStringLiteral("&Sair"));
+    sair->setObjectName(QStringLiteral("zMenuSair"));
+    connect(arquivo, &QAction::triggered, this, &QuestionnaireFrame::showList);
+    connect(sair, &QAction::triggered, this, &QWidget::close);
+
+    auto* central = new QWidget(this);
+    auto* layout = new QVBoxLayout(central);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    m_title = new QLabel(central);
+    m_title->setObjectName(QStringLiteral("screenTitle"));
+    m_title->setStyleSheet(QStringLiteral(
+        "QLabel { background: #1f3f66; color: white; font-weight: bold; padding: 6px 12px; }"));
+    m_stack = new QStackedWidget(central);
+    layout->addWidget(m_title);
+    layout->addWidget(m_stack, 1);
+    setCentralWidget(central);
+    connect(m_stack, &QStackedWidget::currentChanged, this, &QuestionnaireFrame::updateTitle);
+    resize(1000, 700);
+}
+
+void QuestionnaireFrame::showList() {
+    showScreen(new RegisterList(*this));
+}
+
+void QuestionnaireFrame::showScreen(QWidget* screen) {
+    while (m_stack->count() > 0) {
+        QWidget* old = m_stack->widget(m_stack->count() - 1);
+        m_stack->removeWidget(old);
+        old->deleteLater();
+    }
+    m_stack->addWidget(screen);
+    m_stack->setCurrentWidget(screen);
+    updateTitle();
+}
+
+void QuestionnaireFrame::openOver(QWidget* screen) {
+    m_stack->addWidget(screen);
+    m_stack->setCurrentWidget(screen);
+    updateTitle();
+}
+
+void QuestionnaireFrame::closeTop() {
+    if (m_stack->count() == 0)
+        return;
+    QWidget* top = m_stack->widget(m_stack->count() - 1);
+    m_stack->removeWidget(top);
+    top->deleteLater();
+    if (m_stack->count() > 0)
+        m_stack->setCurrentIndex(m_stack->count() - 1);
+    updateTitle();
+}
+
+QWidget* QuestionnaireFrame::currentScreen() const {
+    return m_stack->currentWidget();
+}
+
+void QuestionnaireFrame::updateTitle() {
+    const QWidget* screen = m_stack->currentWidget();
+    m_title->setText(screen ? screen->windowTitle() : QString());
+}
+
+} // namespace shell
