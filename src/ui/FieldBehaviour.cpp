@@ -155,8 +155,8 @@ private:
             confereCasas();
     }
 
-    // ConfereCasas: one message, then the decimals beyond the limit go as a backspace would
-    // take them, from where the cursor stands.
+    // ConfereCasas: one message, then the decimals beyond the limit go as backspaces would
+    // take them, from where the cursor stands (all at once, for a paste).
     void confereCasas() {
         const int excess = rules::excessoCasas(m_edit->text(), decimal->places);
         if (excess == 0)
@@ -165,8 +165,10 @@ private:
         dialogs().message(kTitle, rules::casasDecimaisMessage(decimal->places), Icon::Critical);
         if (!edit)
             return;
-        for (int i = 0; i < excess && edit->cursorPosition() > 0; ++i)
-            edit->backspace();
+        const int cursor = edit->cursorPosition();
+        const int removed = std::min(excess, cursor);
+        edit->setText(edit->text().remove(cursor - removed, removed));
+        edit->setCursorPosition(cursor - removed);
     }
 
     void focusIn(Qt::FocusReason reason) {
@@ -275,6 +277,9 @@ void attachDecimal(QLineEdit* edit, int maxLength, int places) {
 
 void attachDisplayMask(QLineEdit* edit, const QString& mask) {
     FieldBehaviour::of(edit)->displayMask = mask;
+    // A field that has the focus already is being typed into without its mask.
+    edit->setMaxLength(edit->hasFocus() ? rules::mascaraPosicoes(mask)
+                                        : rules::mascaraComprimento(mask));
 }
 
 void attachMask(QLineEdit* edit, Mask mask) {
