@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QTimer>
+#include <algorithm>
 #include <optional>
 
 namespace ui {
@@ -234,14 +235,14 @@ struct MaskLayout {
 MaskLayout layoutOf(const QString& inputMask) {
     MaskLayout layout;
     const qsizetype semicolon = inputMask.lastIndexOf(u';');
-    QString spec = inputMask;
+    QString pattern = inputMask;
     if (semicolon >= 0 && semicolon + 1 < inputMask.size()) {
         layout.blank = inputMask.at(semicolon + 1);
-        spec = inputMask.left(semicolon);
+        pattern = inputMask.left(semicolon);
     }
     static const QString kPlaceCharacters = QStringLiteral("AaNnXx90Dd#HhBb");
-    for (qsizetype i = 0; i < spec.size(); ++i) {
-        const QChar c = spec.at(i);
+    for (qsizetype i = 0; i < pattern.size(); ++i) {
+        const QChar c = pattern.at(i);
         if (c == u'<' || c == u'>' || c == u'!')
             continue;
         if (c == u'\\') {
@@ -307,7 +308,7 @@ void setClipText(QLineEdit* edit, const QString& value) {
         return;
     }
     const MaskLayout layout = layoutOf(edit->inputMask());
-    const QString spec = edit->inputMask().left(edit->inputMask().lastIndexOf(u';'));
+    const QString pattern = edit->inputMask().left(edit->inputMask().lastIndexOf(u';'));
     QString typed;
     for (const QChar c : value) {
         if (c.isLetterOrNumber())
@@ -316,16 +317,16 @@ void setClipText(QLineEdit* edit, const QString& value) {
     // The literals come from the mask itself; Qt lays the typed characters into the places.
     QString full;
     qsizetype next = 0;
-    qsizetype specIndex = 0;
+    qsizetype patternIndex = 0;
     for (qsizetype i = 0; i < layout.places.size() && next < typed.size(); ++i) {
-        while (specIndex < spec.size() &&
-               (spec.at(specIndex) == u'<' || spec.at(specIndex) == u'>' ||
-                spec.at(specIndex) == u'!'))
-            ++specIndex;
-        if (spec.at(specIndex) == u'\\')
-            ++specIndex;
-        full += layout.places.at(i) ? typed.at(next++) : spec.at(specIndex);
-        ++specIndex;
+        while (patternIndex < pattern.size() &&
+               (pattern.at(patternIndex) == u'<' || pattern.at(patternIndex) == u'>' ||
+                pattern.at(patternIndex) == u'!'))
+            ++patternIndex;
+        if (pattern.at(patternIndex) == u'\\')
+            ++patternIndex;
+        full += layout.places.at(i) ? typed.at(next++) : pattern.at(patternIndex);
+        ++patternIndex;
     }
     edit->setText(full);
 }
