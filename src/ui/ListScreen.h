@@ -34,6 +34,13 @@ struct Query {
 struct GridColumn {
     enum class Kind { Text, Date };
 
+    GridColumn(QString heading, int width, Kind kind = Kind::Text,
+               QHash<QString, QString> labels = {})
+        : heading(std::move(heading))
+        , width(width)
+        , kind(kind)
+        , labels(std::move(labels)) {}
+
     QString heading;
     int width = 100;
     Kind kind = Kind::Text;
