@@ -60,6 +60,7 @@ QWidget* keyBox(const QString& name, QLineEdit* field, QWidget* parent) {
     layout->setContentsMargins(0, 0, 0, 0);
     field->setParent(box);
     layout->addWidget(field);
+    layout->addStretch(1);
     return box;
 }
 
@@ -161,6 +162,9 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, QWidget* parent)
     m_ncompr->setMaximumWidth(60);
     digitsField(m_qcapcd, 3);
     m_qcapcd->setMaximumWidth(60);
+    m_qrespraltra->setMaximumWidth(60);
+    m_qresprdistcrecpt->setMaximumWidth(60);
+    respiro->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     digitsField(m_qrespraltra, 3);
     m_qrespraltra->setAlignment(Qt::AlignCenter);
     digitsField(m_qresprdistcrecpt, 4);
@@ -181,6 +185,12 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, QWidget* parent)
     m_fraProp = new OwnerPanel(QStringLiteral("TB_POSTOTANQUPROPR"), QStringLiteral("NTANQU"),
                                OwnerPanel::Texts{}, this);
 
+    for (QGroupBox* frame :
+         {static_cast<QGroupBox*>(m_fraTanque), m_fraCompar, static_cast<QGroupBox*>(m_fraProp)})
+        frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    m_ainstl->setMaximumWidth(100);
+    m_atesteestnq->setMaximumWidth(100);
+    laudoLayout->addStretch(1);
     body()->addWidget(m_fraTanque);
     body()->addWidget(m_fraCompar);
     body()->addWidget(m_fraProp);

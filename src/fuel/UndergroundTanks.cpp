@@ -43,14 +43,14 @@ ui::ListDefinition undergroundTankList() {
     tanks.frameTitle = QStringLiteral("Tanques");
     tanks.optionCaption = QStringLiteral("Tanque");
     tanks.columns = {
-        {QStringLiteral("Nº Tanque"), 70},
-        {QStringLiteral("Identificação"), 150},
-        {QStringLiteral("Data de Instalação"), 115, Kind::Date},
-        {QStringLiteral("Tipo de Material"), 190},
-        {QStringLiteral("Nº de Compartimentos"), 135},
-        {QStringLiteral("Situação"), 85, Kind::Text, situacaoLabels()},
-        {QStringLiteral("Data do Último Laudo de Integridade"), 210, Kind::Date},
-        {QStringLiteral("Proprietário"), 100, Kind::Text, proprietarioLabels()},
+        {QStringLiteral("Nº Tanque"), 75},
+        {QStringLiteral("Identificação"), 100},
+        {QStringLiteral("Data de Instalação"), 120, Kind::Date},
+        {QStringLiteral("Tipo de Material"), 150},
+        {QStringLiteral("Nº de Compartimentos"), 140},
+        {QStringLiteral("Situação"), 75, Kind::Text, situacaoLabels()},
+        {QStringLiteral("Data do Último Laudo de Integridade"), 215, Kind::Date},
+        {QStringLiteral("Proprietário"), 90, Kind::Text, proprietarioLabels()},
     };
     tanks.query = [](const ui::Session& s, const QStringList&) {
         return ui::Query{

@@ -66,6 +66,7 @@ ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* par
         grid->verticalHeader()->hide();
         grid->horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
         grid->setWordWrap(false);
+        grid->horizontalHeader()->setStretchLastSection(true);
         grid->setColumnCount(int(lvl.columns.size()));
         for (int c = 0; c < int(lvl.columns.size()); ++c) {
             grid->setHorizontalHeaderItem(

@@ -553,20 +553,26 @@ private slots:
         QVERIFY(m_host->left());
     }
 
+    void shot(const QString& name) {
+        // Let the layouts catch up with the panels shown and hidden on entering.
+        QCoreApplication::processEvents();
+        testsupport::saveScreenshot(*screen(), name);
+    }
+
     void screenshots() {
         seedTank(1, 2, 2);
         seedTank(2, 1, 1, QStringLiteral("O"));
         openList();
-        testsupport::saveScreenshot(*screen(), QStringLiteral("frmTanqu"));
+        shot(QStringLiteral("frmTanqu"));
         m_host->session().linhaPrincipal = 2;
         openList();
         m_dialogs->clear();
         click(QStringLiteral("cmdAlterar"));
-        testsupport::saveScreenshot(*screen(), QStringLiteral("frmTanquM"));
+        shot(QStringLiteral("frmTanquM"));
         click(QStringLiteral("cmdFechar"));
         selectRow(QStringLiteral("fgrPostoTanquCompar"), 1);
         click(QStringLiteral("cmdAlterar"));
-        testsupport::saveScreenshot(*screen(), QStringLiteral("frmTanquM-compartimento"));
+        shot(QStringLiteral("frmTanquM-compartimento"));
     }
 };
 
