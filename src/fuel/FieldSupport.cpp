@@ -4,38 +4,21 @@
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QRegularExpressionValidator>
 
 namespace fuel {
 
 void digitsField(QLineEdit* field, int length) {
-    field->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("\\d*")), field));
+    ui::attachDigits(field);
     field->setMaxLength(length);
 }
 
 void textField(QLineEdit* field, int length) {
-    if (length > 0)
-        field->setMaxLength(length);
+    ui::attachText(field, ui::Case::Upper);
+    field->setMaxLength(length);
 }
 
 void dateField(QLineEdit* field) {
-    maskedField(field, QStringLiteral("##/##/####"));
-}
-
-void maskedField(QLineEdit* field, const QString& digitMask) {
-    QString mask = digitMask;
-    mask.replace(QLatin1Char('#'), QLatin1Char('9'));
-    field->setInputMask(mask + QStringLiteral(";_"));
-}
-
-QString clipText(const QLineEdit* field) {
-    QString clip;
-    for (QChar c : field->text()) {
-        if (c.isDigit())
-            clip += c;
-    }
-    return clip;
+    ui::attachMask(field, ui::Mask::Date);
 }
 
 void clearMasked(QLineEdit* field) {

@@ -3,6 +3,8 @@
 #include <QDate>
 #include <QString>
 
+#include "ui/FieldBehaviour.h"
+
 class QComboBox;
 class QLineEdit;
 
@@ -11,15 +13,12 @@ namespace fuel {
 
 // A field that takes digits only, at most `length` of them.
 void digitsField(QLineEdit* field, int length);
-// A free text field of at most `length` characters (0: no limit).
+// A free text field of at most `length` characters, upper case on leaving.
 void textField(QLineEdit* field, int length);
 // A date field with the mask "##/##/####".
 void dateField(QLineEdit* field);
-// A field with a digit mask such as "####-####" or "########".
-void maskedField(QLineEdit* field, const QString& digitMask);
 
-// The typed characters of a masked field, without its literals and blanks (ClipText).
-QString clipText(const QLineEdit* field);
+using ui::clipText;
 // Removes the text of a masked field, leaving its mask.
 void clearMasked(QLineEdit* field);
 // Puts a date into a date field; an invalid date leaves the field empty.

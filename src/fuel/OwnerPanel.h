@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/AddressPanel.h"
 #include "ui/Refusal.h"
 
 #include <QGroupBox>
@@ -29,17 +30,14 @@ public:
         QString cepWrongOnLeave = QStringLiteral("Preenchimento Incorreto do CEP.");
     };
 
-    OwnerPanel(QString table, QString keyColumn, Texts texts, QWidget* parent = nullptr);
+    OwnerPanel(store::Database& db, QString table, QString keyColumn, Texts texts,
+               QWidget* parent = nullptr);
 
-    // Loads the municipality list.
-    void prepare(store::Database& db);
     // CarregarProp: fills the panel with the stored row, or says that there is none.
     void load(store::Database& db, const ui::Session& session, const QString& itanqu,
               const QVariant& key);
     // ConsistirProprietario.
     ui::Check validate() const;
-    // The address rules on leaving one of the panel's fields.
-    ui::Check leaveCheck(QWidget* field);
     // GravarProprietario.
     void write(store::Database& db, const ui::Session& session, const QString& itanqu,
                const QVariant& key) const;
@@ -47,24 +45,10 @@ public:
     QList<QWidget*> fields() const;
 
 private:
-    void showState();
-
     QString m_table;
     QString m_keyColumn;
     Texts m_texts;
-    QLineEdit* m_razaoSocial = nullptr;
-    QLineEdit* m_contato = nullptr;
-    QLineEdit* m_logradouro = nullptr;
-    QLineEdit* m_numero = nullptr;
-    QLineEdit* m_complemento = nullptr;
-    QLineEdit* m_bairro = nullptr;
-    QLineEdit* m_cep = nullptr;
-    QComboBox* m_municipio = nullptr;
-    QLineEdit* m_uf = nullptr;
-    QLineEdit* m_ddd = nullptr;
-    QLineEdit* m_telefone = nullptr;
-    QLineEdit* m_fax = nullptr;
-    QLineEdit* m_email = nullptr;
+    ui::AddressPanel* m_address = nullptr;
 };
 
 } // namespace fuel

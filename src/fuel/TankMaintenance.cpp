@@ -3,6 +3,7 @@
 #include "fuel/FieldSupport.h"
 #include "fuel/OwnerPanel.h"
 #include "fuel/TankRows.h"
+#include "rules/Filters.h"
 #include "store/Database.h"
 #include "ui/Session.h"
 
@@ -167,7 +168,7 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, QWidget* parent)
     respiro->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     digitsField(m_qrespraltra, 3);
     m_qrespraltra->setAlignment(Qt::AlignCenter);
-    digitsField(m_qresprdistcrecpt, 4);
+    ui::attachDecimal(m_qresprdistcrecpt, 4, 2);
     m_qresprdistcrecpt->setAlignment(Qt::AlignCenter);
     auto* respiroLayout = new QHBoxLayout(respiro);
     respiroLayout->addWidget(new QLabel(QStringLiteral("Altura (m)"), respiro));
@@ -182,8 +183,8 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, QWidget* parent)
     compar->addWidget(respiro, 2, 0, 1, 4);
     compar->setColumnStretch(3, 1);
 
-    m_fraProp = new OwnerPanel(QStringLiteral("TB_POSTOTANQUPROPR"), QStringLiteral("NTANQU"),
-                               OwnerPanel::Texts{}, this);
+    m_fraProp = new OwnerPanel(host.database(), QStringLiteral("TB_POSTOTANQUPROPR"),
+                               QStringLiteral("NTANQU"), OwnerPanel::Texts{}, this);
 
     for (QGroupBox* frame :
          {static_cast<QGroupBox*>(m_fraTanque), m_fraCompar, static_cast<QGroupBox*>(m_fraProp)})
@@ -215,7 +216,6 @@ void TankMaintenance::prepare() {
                      QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
                                     " Where IMATRLTANQULINHA = 'T' and dmatrl<>'Aço'"
                                     " Order By NMATRL"));
-        m_fraProp->prepare(database());
     } else {
         databaseList(database(), m_nbocacarrg,
                      QStringLiteral("Select NBOCACARRG, DBOCACARRG From DICNRBOCACARRG"
@@ -302,7 +302,9 @@ QWidget* TankMaintenance::arrangePanels() {
         {session().nmuncp, session().nseqnc, m_ntanqu->text(), m_ncompr->text()});
     if (respiro.next()) {
         m_qrespraltra->setText(respiro.value(0).toString());
-        m_qresprdistcrecpt->setText(respiro.value(1).toString());
+        // Shown with the decimal comma in which it is typed.
+        m_qresprdistcrecpt->setText(
+            respiro.value(1).toString().replace(QLatin1Char('.'), QLatin1Char(',')));
     }
     m_ncompr->setReadOnly(true);
     m_picNCOMPR->setEnabled(false);
@@ -440,8 +442,6 @@ ui::Check TankMaintenance::leaveCheck(QWidget* field) {
                            QStringLiteral("Número de Compartimentos não pode ser Zero.")};
     } else if (field == m_ipropr) {
         proprietarioChosen();
-    } else if (m_fraProp->isAncestorOf(field)) {
-        return m_fraProp->leaveCheck(field);
     }
     return {};
 }
@@ -534,7 +534,7 @@ void TankMaintenance::gravarCompartimento(store::Database& db) {
            {session().nmuncp, session().nseqnc, session().ainfrm.toString(Qt::ISODate),
             kUnderground, m_ntanqu->text().toInt(), m_ncompr->text().toInt(),
             chosenCode(m_nbocacarrg), m_qcapcd->text().toInt(), chosenCode(m_ncombs),
-            m_qrespraltra->text().toInt(), m_qresprdistcrecpt->text().toInt()});
+            m_qrespraltra->text().toInt(), rules::numeroParaSql(m_qresprdistcrecpt->text())});
 }
 
 void TankMaintenance::alterarCompartimento(store::Database& db) {
@@ -551,7 +551,7 @@ void TankMaintenance::alterarCompartimento(store::Database& db) {
                           " QRESPRALTRA = ?, QRESPRDISTCRECPT = ? Where NMUNCP = ? And NSEQNC = ?"
                           " And ITANQU = 'S' And NTANQU = ? And NCOMPR = ?"),
            {nbocacarrg, m_qcapcd->text().toInt(), ncombs, m_qrespraltra->text().toInt(),
-            m_qresprdistcrecpt->text().toInt(), session().nmuncp, session().nseqnc,
+            rules::numeroParaSql(m_qresprdistcrecpt->text()), session().nmuncp, session().nseqnc,
             m_ntanqu->text().toInt(), m_ncompr->text().toInt()});
 }
 

@@ -290,7 +290,7 @@ private slots:
         QVERIFY(find<QWidget>(QStringLiteral("fraProp"))->isVisible());
         QCOMPARE(find<QLineEdit>(QStringLiteral("txtDRAZAOSOCIL"))->text(),
                  QStringLiteral("DONO SA"));
-        QCOMPARE(find<QLineEdit>(QStringLiteral("txtCCEP"))->text(), QStringLiteral("01310100"));
+        QCOMPARE(find<QLineEdit>(QStringLiteral("txtCCEP"))->text(), QStringLiteral("01310-100"));
         QCOMPARE(find<QLineEdit>(QStringLiteral("txtNDDD"))->text(), QStringLiteral("011"));
         QCOMPARE(find<QLineEdit>(QStringLiteral("txtNTELFN"))->text(), QStringLiteral("3333-4444"));
         QCOMPARE(find<QLineEdit>(QStringLiteral("txtUFMUNCP"))->text(), QStringLiteral("SP"));
@@ -320,7 +320,7 @@ private slots:
         type(QStringLiteral("txtDLOGRDCOMPM"), QStringLiteral("FUNDOS"));
         type(QStringLiteral("txtCCEP"), QStringLiteral("1310"));
         QCOMPARE(messages().last(), QStringLiteral("critical: Preenchimento Incorreto do CEP."));
-        type(QStringLiteral("txtCCEP"), QStringLiteral("01310100"));
+        type(QStringLiteral("txtCCEP"), QStringLiteral("01310-100"));
         choose(QStringLiteral("cmbNMUNCP"), QStringLiteral("SÃO PAULO"));
         type(QStringLiteral("txtNDDD"), QStringLiteral("11"));
         type(QStringLiteral("txtNTELFN"), QStringLiteral("55556666"));
@@ -519,7 +519,7 @@ private slots:
         type(QStringLiteral("txtDCONTT"), QStringLiteral("MARIA"));
         type(QStringLiteral("txtDLOGRD"), QStringLiteral("RUA B"));
         type(QStringLiteral("txtNLOGRD"), QStringLiteral("12"));
-        type(QStringLiteral("txtCCEP"), QStringLiteral("01310100"));
+        type(QStringLiteral("txtCCEP"), QStringLiteral("01310-100"));
         choose(QStringLiteral("cmbNMUNCP"), QStringLiteral("SÃO PAULO"));
         type(QStringLiteral("txtNDDD"), QStringLiteral("11"));
         type(QStringLiteral("txtNTELFN"), QStringLiteral("55556666"));
