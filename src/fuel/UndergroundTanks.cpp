@@ -43,10 +43,10 @@ ui::ListDefinition undergroundTankList() {
     tanks.frameTitle = QStringLiteral("Tanques");
     tanks.optionCaption = QStringLiteral("Tanque");
     tanks.columns = {
-        {QStringLiteral("Nº Tanque"), 75},
-        {QStringLiteral("Identificação"), 100},
+        {QStringLiteral("Nº Tanque"), 60},
+        {QStringLiteral("Identificação"), 90},
         {QStringLiteral("Data de Instalação"), 120, Kind::Date},
-        {QStringLiteral("Tipo de Material"), 150},
+        {QStringLiteral("Tipo de Material"), 120},
         {QStringLiteral("Nº de Compartimentos"), 140},
         {QStringLiteral("Situação"), 75, Kind::Text, situacaoLabels()},
         {QStringLiteral("Data do Último Laudo de Integridade"), 215, Kind::Date},

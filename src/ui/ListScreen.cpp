@@ -71,7 +71,9 @@ ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* par
         for (int c = 0; c < int(lvl.columns.size()); ++c) {
             grid->setHorizontalHeaderItem(
                 c, new QTableWidgetItem(lvl.columns[std::size_t(c)].heading));
-            grid->setColumnWidth(c, lvl.columns[std::size_t(c)].width);
+            // No heading is cut: a column is at least as wide as its heading.
+            grid->setColumnWidth(c, std::max(lvl.columns[std::size_t(c)].width,
+                                             grid->horizontalHeader()->sectionSizeHint(c)));
         }
         frameLayout->addWidget(grid);
         layout->addWidget(frame, 1);
