@@ -4,11 +4,15 @@
 
 namespace ui {
 
-// The hourglass for the length of a scope.
+// The hourglass for the length of a step that reads or writes the database.
 class BusyCursor {
 public:
     BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
+    ~BusyCursor() {
+        // The error routine may already have put the pointer back.
+        if (QApplication::overrideCursor())
+            QApplication::restoreOverrideCursor();
+    }
     BusyCursor(const BusyCursor&) = delete;
     BusyCursor& operator=(const BusyCursor&) = delete;
 };

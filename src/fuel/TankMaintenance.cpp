@@ -1,0 +1,571 @@
+#include "fuel/TankMaintenance.h"
+
+#include "fuel/FieldSupport.h"
+#include "fuel/OwnerPanel.h"
+#include "fuel/TankRows.h"
+#include "rules/Filters.h"
+#include "store/Database.h"
+#include "ui/Session.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSqlQuery>
+
+namespace fuel {
+
+namespace {
+
+const QString kUnderground = QStringLiteral("S");
+const QString kIncluirTanque = QStringLiteral("Incluir Tanque");
+const QString kAlterarTanque = QStringLiteral("Alterar Tanque");
+const QString kIncluirCompartimento = QStringLiteral("Incluir Compartimento");
+const QString kAlterarCompartimento = QStringLiteral("Alterar Compartimento");
+
+QLineEdit* lineEdit(const QString& name, QWidget* parent) {
+    auto* edit = new QLineEdit(parent);
+    edit->setObjectName(name);
+    return edit;
+}
+
+QComboBox* comboBox(const QString& name, QWidget* parent) {
+    auto* combo = new QComboBox(parent);
+    combo->setObjectName(name);
+    return combo;
+}
+
+// A fixed list: the texts shown, the codes stored.
+void fixedList(QComboBox* combo, const QList<std::pair<QString, QString>>& items) {
+    for (const auto& [text, code] : items)
+        combo->addItem(text, code);
+    combo->setCurrentIndex(-1);
+}
+
+// A list from the database: the text shown, the numeric code as the item's data.
+void databaseList(store::Database& db, QComboBox* combo, const QString& sql) {
+    combo->clear();
+    QSqlQuery rows = db.run(sql);
+    while (rows.next())
+        combo->addItem(rows.value(1).toString(), rows.value(0));
+    combo->setCurrentIndex(-1);
+}
+
+// A field inside a frame of its own (picNTANQU, picNCOMPR): the frame is what freezes the key.
+QWidget* keyBox(const QString& name, QLineEdit* field, QWidget* parent) {
+    auto* box = new QWidget(parent);
+    box->setObjectName(name);
+    auto* layout = new QHBoxLayout(box);
+    layout->setContentsMargins(0, 0, 0, 0);
+    field->setParent(box);
+    layout->addWidget(field);
+    layout->addStretch(1);
+    return box;
+}
+
+void addField(QGridLayout* grid, int row, int column, const QString& label, QWidget* field,
+              QWidget* parent) {
+    grid->addWidget(new QLabel(label, parent), row, column);
+    grid->addWidget(field, row, column + 1);
+}
+
+QVariant dateValue(const QLineEdit* field) {
+    return clipText(field).isEmpty() ? QVariant() : QVariant(dateOf(field).toString(Qt::ISODate));
+}
+
+} // namespace
+
+TankMaintenance::TankMaintenance(ui::ScreenHost& host, QWidget* parent)
+    : ui::MaintenanceScreen(host, QStringLiteral("frmTanqu"),
+                            {
+                                {kIncluirTanque, 0, true, true},
+                                {kAlterarTanque, 0, false, true},
+                                {kIncluirCompartimento, 1, true, false},
+                                {kAlterarCompartimento, 1, false, true},
+                            },
+                            parent) {
+    setObjectName(QStringLiteral("frmTanquM"));
+    setWindowTitle(QStringLiteral("Sistema de Armazenamento de Combustíveis - Subterrâneo"));
+
+    // The tank.
+    m_fraTanque = new QGroupBox(QStringLiteral("Tanque"), this);
+    m_fraTanque->setObjectName(QStringLiteral("fraTanque"));
+    m_ntanqu = lineEdit(QStringLiteral("txtNTANQU"), m_fraTanque);
+    m_picNTANQU = keyBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraTanque);
+    m_nident = lineEdit(QStringLiteral("txtNIDENT"), m_fraTanque);
+    m_ainstl = lineEdit(QStringLiteral("mskAINSTL"), m_fraTanque);
+    m_nmatrl = comboBox(QStringLiteral("cmbNMATRL"), m_fraTanque);
+    m_qcomprt = lineEdit(QStringLiteral("txtQCOMPRT"), m_fraTanque);
+    auto* laudo = new QGroupBox(QStringLiteral("Tanque"), m_fraTanque);
+    m_teste = comboBox(QStringLiteral("cmbitesteestnq"), laudo);
+    m_atesteestnq = lineEdit(QStringLiteral("mskATESTEESTNQ"), laudo);
+    m_ipropr = comboBox(QStringLiteral("cmbIPROPR"), m_fraTanque);
+    m_isitca = comboBox(QStringLiteral("cmbISITCA"), m_fraTanque);
+
+    digitsField(m_ntanqu, 3);
+    m_ntanqu->setAlignment(Qt::AlignCenter);
+    m_ntanqu->setMaximumWidth(60);
+    textField(m_nident, 30);
+    m_nident->setAlignment(Qt::AlignCenter);
+    dateField(m_ainstl);
+    digitsField(m_qcomprt, 2);
+    m_qcomprt->setMaximumWidth(60);
+    dateField(m_atesteestnq);
+    fixedList(m_teste, {{QStringLiteral("Realizado"), QStringLiteral("R")},
+                        {QStringLiteral("Não Realizado"), QStringLiteral("NR")},
+                        {QStringLiteral("Não Disponível"), QStringLiteral("ND")}});
+    fixedList(m_ipropr, {{QStringLiteral("Proprietário"), QStringLiteral("P")},
+                         {QStringLiteral("Distribuidora"), QStringLiteral("D")},
+                         {QStringLiteral("Outros"), QStringLiteral("O")}});
+    fixedList(m_isitca, {{QStringLiteral("Em Uso"), QStringLiteral("A")},
+                         {QStringLiteral("Desativado"), QStringLiteral("D")}});
+
+    auto* laudoLayout = new QHBoxLayout(laudo);
+    laudoLayout->addWidget(m_teste);
+    laudoLayout->addWidget(
+        new QLabel(QStringLiteral("Data do Último Laudo de Integridade"), laudo));
+    laudoLayout->addWidget(m_atesteestnq);
+    auto* tank = new QGridLayout(m_fraTanque);
+    addField(tank, 0, 0, QStringLiteral("Nº"), m_picNTANQU, m_fraTanque);
+    addField(tank, 0, 2, QStringLiteral("Identificação"), m_nident, m_fraTanque);
+    addField(tank, 0, 4, QStringLiteral("Data de Instalação"), m_ainstl, m_fraTanque);
+    addField(tank, 1, 0, QStringLiteral("Nº de Compartimentos"), m_qcomprt, m_fraTanque);
+    addField(tank, 1, 2, QStringLiteral("Tipo de Material"), m_nmatrl, m_fraTanque);
+    tank->addWidget(laudo, 2, 0, 1, 6);
+    addField(tank, 3, 0, QStringLiteral("Proprietário"), m_ipropr, m_fraTanque);
+    addField(tank, 3, 2, QStringLiteral("Situação"), m_isitca, m_fraTanque);
+    tank->setColumnStretch(3, 1);
+    // Tab order of the block: the list's order, whatever the grid's.
+    setTabOrder(m_ntanqu, m_nident);
+    setTabOrder(m_nident, m_ainstl);
+    setTabOrder(m_ainstl, m_nmatrl);
+    setTabOrder(m_nmatrl, m_qcomprt);
+    setTabOrder(m_qcomprt, m_teste);
+    setTabOrder(m_teste, m_atesteestnq);
+    setTabOrder(m_atesteestnq, m_ipropr);
+    setTabOrder(m_ipropr, m_isitca);
+
+    // The compartment.
+    m_fraCompar = new QGroupBox(QStringLiteral("Compartimento"), this);
+    m_fraCompar->setObjectName(QStringLiteral("fraCompar"));
+    m_ncompr = lineEdit(QStringLiteral("txtNCOMPR"), m_fraCompar);
+    m_picNCOMPR = keyBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraCompar);
+    m_nbocacarrg = comboBox(QStringLiteral("cmbNBOCACARRG"), m_fraCompar);
+    m_qcapcd = lineEdit(QStringLiteral("txtQCAPCD"), m_fraCompar);
+    m_ncombs = comboBox(QStringLiteral("cmbNCOMBS"), m_fraCompar);
+    auto* respiro = new QGroupBox(QStringLiteral("Respiro"), m_fraCompar);
+    m_qrespraltra = lineEdit(QStringLiteral("txtQRESPRALTRA"), respiro);
+    m_qresprdistcrecpt = lineEdit(QStringLiteral("txtQRESPRDISTCRECPT"), respiro);
+    digitsField(m_ncompr, 2);
+    m_ncompr->setAlignment(Qt::AlignCenter);
+    m_ncompr->setMaximumWidth(60);
+    digitsField(m_qcapcd, 3);
+    m_qcapcd->setMaximumWidth(60);
+    m_qrespraltra->setMaximumWidth(60);
+    m_qresprdistcrecpt->setMaximumWidth(60);
+    respiro->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    digitsField(m_qrespraltra, 3);
+    m_qrespraltra->setAlignment(Qt::AlignCenter);
+    ui::attachDecimal(m_qresprdistcrecpt, 4, 2);
+    m_qresprdistcrecpt->setAlignment(Qt::AlignCenter);
+    auto* respiroLayout = new QHBoxLayout(respiro);
+    respiroLayout->addWidget(new QLabel(QStringLiteral("Altura (m)"), respiro));
+    respiroLayout->addWidget(m_qrespraltra);
+    respiroLayout->addWidget(new QLabel(QStringLiteral("Distância do Receptor (m)"), respiro));
+    respiroLayout->addWidget(m_qresprdistcrecpt);
+    auto* compar = new QGridLayout(m_fraCompar);
+    addField(compar, 0, 0, QStringLiteral("Compartimento"), m_picNCOMPR, m_fraCompar);
+    addField(compar, 0, 2, QStringLiteral("Boca de Carregamento"), m_nbocacarrg, m_fraCompar);
+    addField(compar, 1, 0, QStringLiteral("Capacidade m³"), m_qcapcd, m_fraCompar);
+    addField(compar, 1, 2, QStringLiteral("Produto Estocado"), m_ncombs, m_fraCompar);
+    compar->addWidget(respiro, 2, 0, 1, 4);
+    compar->setColumnStretch(3, 1);
+
+    m_fraProp = new OwnerPanel(host.database(), QStringLiteral("TB_POSTOTANQUPROPR"),
+                               QStringLiteral("NTANQU"), OwnerPanel::Texts{}, this);
+
+    for (QGroupBox* frame :
+         {static_cast<QGroupBox*>(m_fraTanque), m_fraCompar, static_cast<QGroupBox*>(m_fraProp)})
+        frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    m_ainstl->setMaximumWidth(100);
+    m_atesteestnq->setMaximumWidth(100);
+    laudoLayout->addStretch(1);
+    body()->addWidget(m_fraTanque);
+    body()->addWidget(m_fraCompar);
+    body()->addWidget(m_fraProp);
+    body()->addStretch(1);
+
+    connect(m_teste, &QComboBox::activated, this, &TankMaintenance::testeChosen);
+    connect(m_ipropr, &QComboBox::activated, this, &TankMaintenance::proprietarioChosen);
+}
+
+bool TankMaintenance::onTank() const {
+    return operation().level == 0;
+}
+
+bool TankMaintenance::ownerShown() const {
+    return !m_fraProp->isHidden();
+}
+
+void TankMaintenance::prepare() {
+    if (onTank()) {
+        // The underground list never offers plain steel; the aboveground one does.
+        databaseList(database(), m_nmatrl,
+                     QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
+                                    " Where IMATRLTANQULINHA = 'T' and dmatrl<>'Aço'"
+                                    " Order By NMATRL"));
+    } else {
+        databaseList(database(), m_nbocacarrg,
+                     QStringLiteral("Select NBOCACARRG, DBOCACARRG From DICNRBOCACARRG"
+                                    " Order By NBOCACARRG"));
+        // The bracketing is as the product list has always had it.
+        databaseList(database(), m_ncombs,
+                     QStringLiteral("Select NCOMBS, DCOMBS From DICNRCOMBS Where NCOMBS >= 100"
+                                    " And NCOMBS <> 109 And NCOMBS <> 119 And NCOMBS <> 129"
+                                    " And NCOMBS < 131 Or ncombs=135 Order By NCOMBS"));
+    }
+}
+
+void TankMaintenance::copyFromList(const ui::ListSelection& rows) {
+    m_fraProp->hide();
+    if (operation().name == kIncluirTanque)
+        return;
+    const QStringList& tank = rows.main;
+    m_ntanqu->setText(tank.value(0));
+    m_nident->setText(tank.value(1));
+    m_ainstl->setText(tank.value(2));
+    chooseText(m_nmatrl, tank.value(3));
+    m_qcomprt->setText(tank.value(4));
+    chooseText(m_isitca, tank.value(5));
+    if (!tank.value(6).isEmpty()) {
+        m_atesteestnq->setText(tank.value(6));
+        chooseCode(m_teste, QStringLiteral("R"));
+    } else {
+        const QVariant code = database().scalar(
+            QStringLiteral("Select ITESTEESTNQ From TB_POSTOTANQU Where nMuncp = ? And NSEQNC = ?"
+                           " And ITANQU = 'S' and ntanqu=?"),
+            {session().nmuncp, session().nseqnc, tank.value(0)});
+        chooseCode(m_teste, code.toString() == QLatin1String("NR") ? QStringLiteral("NR")
+                                                                   : QStringLiteral("ND"));
+        if (operation().name == kAlterarTanque)
+            m_atesteestnq->setEnabled(false);
+    }
+    chooseText(m_ipropr, tank.value(7));
+    if (chosenCode(m_ipropr).toString() == QLatin1String("O")) {
+        m_fraProp->load(database(), session(), kUnderground, tank.value(0));
+        m_fraProp->show();
+        m_fraProp->setEnabled(false);
+    }
+    if (operation().name == kAlterarTanque)
+        m_oldCompartments = tank.value(4).toInt();
+    if (operation().name == kAlterarCompartimento) {
+        const QStringList& compartment = rows.detail;
+        m_ncompr->setText(compartment.value(0));
+        chooseText(m_nbocacarrg, compartment.value(1));
+        m_qcapcd->setText(compartment.value(2));
+        chooseText(m_ncombs, compartment.value(3));
+    }
+}
+
+QWidget* TankMaintenance::arrangePanels() {
+    const QString& op = operation().name;
+    if (op == kIncluirTanque || op == kAlterarTanque) {
+        m_fraTanque->show();
+        m_fraTanque->setEnabled(true);
+        m_fraCompar->hide();
+        if (op == kIncluirTanque) {
+            m_fraProp->hide();
+            m_picNTANQU->setEnabled(true);
+            m_ntanqu->setReadOnly(false);
+            return m_ntanqu;
+        }
+        m_fraProp->setVisible(chosenCode(m_ipropr).toString() == QLatin1String("O"));
+        m_fraProp->setEnabled(true);
+        m_ntanqu->setReadOnly(true);
+        m_picNTANQU->setEnabled(false);
+        return m_nident;
+    }
+    m_fraTanque->setEnabled(false);
+    m_fraCompar->show();
+    m_fraCompar->setEnabled(true);
+    m_fraProp->setEnabled(false);
+    if (op == kIncluirCompartimento) {
+        m_picNCOMPR->setEnabled(true);
+        return m_ncompr;
+    }
+    QSqlQuery respiro = database().run(
+        QStringLiteral(
+            "Select QRESPRALTRA,QRESPRDISTCRECPT From TB_POSTOTANQUCOMPR Where NMUNCP = ?"
+            " And NSEQNC = ? And ITANQU = 'S' And NTANQU = ? And NCOMPR = ?"),
+        {session().nmuncp, session().nseqnc, m_ntanqu->text(), m_ncompr->text()});
+    if (respiro.next()) {
+        m_qrespraltra->setText(respiro.value(0).toString());
+        // Shown with the decimal comma in which it is typed.
+        m_qresprdistcrecpt->setText(
+            respiro.value(1).toString().replace(QLatin1Char('.'), QLatin1Char(',')));
+    }
+    m_ncompr->setReadOnly(true);
+    m_picNCOMPR->setEnabled(false);
+    return m_nbocacarrg;
+}
+
+QList<QWidget*> TankMaintenance::snapshotFields() const {
+    QList<QWidget*> fields;
+    if (!m_fraTanque->isHidden())
+        fields << m_ntanqu << m_nident << m_ainstl << m_nmatrl << m_qcomprt << m_teste
+               << m_atesteestnq << m_ipropr << m_isitca;
+    if (!m_fraCompar->isHidden())
+        fields << m_ncompr << m_nbocacarrg << m_qcapcd << m_ncombs << m_qrespraltra
+               << m_qresprdistcrecpt;
+    if (ownerShown() && operation().name == kAlterarTanque)
+        fields << m_fraProp->fields();
+    return fields;
+}
+
+ui::Check TankMaintenance::validate() {
+    if (!onTank())
+        return consistirCompartimento();
+    if (ui::Check refused = consistirTanque())
+        return refused;
+    if (ownerShown())
+        return m_fraProp->validate();
+    return {};
+}
+
+ui::Check TankMaintenance::consistirTanque() {
+    using ui::Refusal;
+    if (m_ntanqu->text().isEmpty())
+        return Refusal{m_ntanqu, QStringLiteral("Preenchimento Obrigatório do Número do Tanque")};
+    if (m_ntanqu->text().toInt() == 0)
+        return Refusal{m_ntanqu, QStringLiteral("Número do Tanque Inválido")};
+    if (operation().name == kIncluirTanque &&
+        database()
+            .scalar(QStringLiteral("Select * From TB_POSTOTANQU Where NMUNCP = ? And NSEQNC = ?"
+                                   " And ITANQU = 'S' AND NTANQU = ?"),
+                    {session().nmuncp, session().nseqnc, m_ntanqu->text().toInt()})
+            .isValid())
+        return Refusal{m_ntanqu, QStringLiteral("Número de Tanque já está cadastrado, preencha "
+                                                "com outro valor")};
+    if (m_nident->text().isEmpty())
+        return Refusal{m_nident, QStringLiteral("Preenchimento Obrigatório da Identificação.")};
+    if (clipText(m_ainstl).isEmpty())
+        return Refusal{m_ainstl, QStringLiteral("Preenchimento Obrigatório da Data da Instalação")};
+    if (m_nmatrl->currentText().isEmpty())
+        return Refusal{m_nmatrl, QStringLiteral("Preenchimento Obrigatório do Tipo de Material")};
+    if (m_qcomprt->text().isEmpty())
+        return Refusal{m_qcomprt, QStringLiteral("Preenchimento Obrigatório da Quantidade de "
+                                                 "Compartimentos")};
+    if (operation().name == kAlterarTanque && m_qcomprt->text().toInt() < m_oldCompartments)
+        return Refusal{m_qcomprt, QStringLiteral("Atualizar os Compartimentos do Tanque Antes de "
+                                                 "Atualizar o Número de Compartimentos.")};
+    if (m_teste->currentText().isEmpty())
+        return Refusal{m_teste, QStringLiteral("Preenchimento Obrigatório da condição do Último "
+                                               "Laudo de Integridade")};
+    if (m_atesteestnq->isEnabled() && clipText(m_atesteestnq).isEmpty())
+        return Refusal{m_atesteestnq, QStringLiteral("Preenchimento Obrigatório da Data do Último "
+                                                     "Laudo de Integridade")};
+    if (m_ipropr->currentText().isEmpty())
+        return Refusal{m_ipropr,
+                       QStringLiteral("Preenchimento Obrigatório do Tipo do Proprietário")};
+    if (m_isitca->currentText().isEmpty())
+        return Refusal{m_isitca, QStringLiteral("Preenchimento Obrigatório da Situação do Tanque")};
+    return {};
+}
+
+ui::Check TankMaintenance::consistirCompartimento() {
+    using ui::Refusal;
+    if (m_ncompr->text().isEmpty())
+        return Refusal{m_ncompr,
+                       QStringLiteral("Preenchimento Obrigatório do Número do Compartimento")};
+    if (operation().name == kIncluirCompartimento &&
+        database()
+            .scalar(QStringLiteral("Select * From TB_POSTOTANQUCOMPR Where NMUNCP = ?"
+                                   " And NSEQNC = ? And NCOMPR = ? And ITANQU = 'S'"
+                                   " And NTANQU = ?"),
+                    {session().nmuncp, session().nseqnc, m_ncompr->text().toInt(),
+                     m_ntanqu->text().toInt()})
+            .isValid())
+        return Refusal{m_ncompr, QStringLiteral("Número do Compartimento já cadastrado")};
+    if (m_nbocacarrg->currentText().isEmpty())
+        return Refusal{m_nbocacarrg,
+                       QStringLiteral("Preenchimento Obrigatório da Boca de Carregamento")};
+    if (m_qcapcd->text().isEmpty())
+        return Refusal{m_qcapcd,
+                       QStringLiteral("Preenchimento Obrigatório da Capacidade de Armazenamento")};
+    if (m_ncombs->currentText().isEmpty())
+        return Refusal{m_ncombs, QStringLiteral("Preenchimento Obrigatório do Produto Estocado")};
+    if (m_qrespraltra->text().isEmpty())
+        return Refusal{m_qrespraltra,
+                       QStringLiteral("PreenchimentoObrigatório da Altura do Respiro.")};
+    if (m_qresprdistcrecpt->text().isEmpty())
+        return Refusal{m_qresprdistcrecpt,
+                       QStringLiteral("Preenchimento Obrigatório da Distância do Receptor.")};
+    return {};
+}
+
+ui::Check TankMaintenance::leaveCheck(QWidget* field) {
+    using ui::Refusal;
+    const QDate today = QDate::currentDate();
+    if (field == m_ainstl) {
+        if (clipText(m_ainstl).isEmpty())
+            return Refusal{m_ainstl,
+                           QStringLiteral("Preenchimento Obrigatório da Data da Instalação.")};
+        if (wrongDate(m_ainstl))
+            return Refusal{m_ainstl,
+                           QStringLiteral("Preenchimento Incorreto da Data da Instalação")};
+        if (dateOf(m_ainstl) > today)
+            return Refusal{m_ainstl, QStringLiteral("Data de Instalação não deve ser maior que "
+                                                    "a Data Atual.")};
+    } else if (field == m_atesteestnq && m_atesteestnq->isEnabled()) {
+        if (clipText(m_atesteestnq).isEmpty())
+            return Refusal{m_atesteestnq, QStringLiteral("Preenchimento Obrigatório da Data do "
+                                                         "Último Laudo de Integridade.")};
+        if (wrongDate(m_atesteestnq))
+            return Refusal{m_atesteestnq, QStringLiteral("Preenchimento Incorreto da Data do "
+                                                         "Último Laudo de Integridade")};
+        // The order of the two dates is compared only while the installation field holds no
+        // text at all, which a masked field never does: the order is not enforced.
+        if (m_ainstl->text().isEmpty() && dateOf(m_atesteestnq) < dateOf(m_ainstl))
+            return Refusal{m_atesteestnq,
+                           QStringLiteral("Data do Último Laudo de Integridade Deve Ser Maior ou "
+                                          "Igual a Data de Instalação.")};
+        if (dateOf(m_atesteestnq) > today)
+            return Refusal{m_atesteestnq, QStringLiteral("Data do Último Laudo de Integridade não "
+                                                         "deve ser maior que a Data Atual.")};
+    } else if (field == m_teste) {
+        testeChosen();
+    } else if (field == m_qcomprt) {
+        if (m_qcomprt->text() == QLatin1String("0"))
+            return Refusal{m_qcomprt,
+                           QStringLiteral("Número de Compartimentos não pode ser Zero.")};
+    } else if (field == m_ipropr) {
+        proprietarioChosen();
+    }
+    return {};
+}
+
+void TankMaintenance::testeChosen() {
+    if (chosenCode(m_teste).toString() == QLatin1String("R")) {
+        m_atesteestnq->setEnabled(true);
+        m_atesteestnq->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    clearMasked(m_atesteestnq);
+    m_ipropr->setFocus(Qt::OtherFocusReason);
+    m_atesteestnq->setEnabled(false);
+}
+
+void TankMaintenance::proprietarioChosen() {
+    if (chosenCode(m_ipropr).toString() == QLatin1String("O")) {
+        m_fraProp->setEnabled(true);
+        m_fraProp->show();
+    } else {
+        m_fraProp->hide();
+    }
+}
+
+void TankMaintenance::write(store::Database& db) {
+    const QString& op = operation().name;
+    if (op == kIncluirTanque) {
+        gravarTanque(db);
+        if (ownerShown())
+            m_fraProp->write(db, session(), kUnderground, m_ntanqu->text().toInt());
+        else
+            deleteTankOwner(db, session(), kUnderground, m_ntanqu->text().toInt());
+    } else if (op == kAlterarTanque) {
+        alterarTanque(db);
+        deleteTankOwner(db, session(), kUnderground, m_ntanqu->text().toInt());
+        if (ownerShown())
+            m_fraProp->write(db, session(), kUnderground, m_ntanqu->text().toInt());
+    } else if (op == kIncluirCompartimento) {
+        gravarCompartimento(db);
+    } else {
+        alterarCompartimento(db);
+    }
+}
+
+void TankMaintenance::gravarTanque(store::Database& db) {
+    const QVariant report = dateValue(m_atesteestnq);
+    QString columns = QStringLiteral("NMUNCP, NSEQNC, AINFRM, ITANQU,NTANQU,NIDENT,AINSTL, NMATRL,"
+                                     "QCOMPRT,");
+    QVariantList values = {
+        session().nmuncp,    session().nseqnc,         session().ainfrm.toString(Qt::ISODate),
+        kUnderground,        m_ntanqu->text().toInt(), m_nident->text(),
+        dateValue(m_ainstl), chosenCode(m_nmatrl),     m_qcomprt->text().toInt()};
+    if (report.isValid()) {
+        columns += QStringLiteral("ATESTEESTNQ,");
+        values << report;
+    }
+    columns += QStringLiteral("SSISTMPROTC, IPROTC,DPROTC,IFREQNMANTN, IPROPR,ISITCA, ITESTEESTNQ");
+    values << QVariant() << QVariant() << QVariant() << QVariant() << chosenCode(m_ipropr)
+           << (m_isitca->currentText() == QLatin1String("Em Uso") ? QStringLiteral("A")
+                                                                  : QStringLiteral("D"))
+           << chosenCode(m_teste);
+    QStringList marks;
+    for (qsizetype i = 0; i < values.size(); ++i)
+        marks << QStringLiteral("?");
+    db.run(QStringLiteral("Insert Into TB_POSTOTANQU (") + columns + QStringLiteral(") Values(") +
+               marks.join(QLatin1Char(',')) + QLatin1Char(')'),
+           values);
+}
+
+void TankMaintenance::alterarTanque(store::Database& db) {
+    const QVariant nmatrl =
+        db.scalar(QStringLiteral("Select NMATRL From DICNRMATRLTANQU Where DMATRL = ?"),
+                  {m_nmatrl->currentText()});
+    // The corrosion protection of the tank is entered on its own screen and stays as it was.
+    db.run(QStringLiteral("Update TB_POSTOTANQU Set ITANQU = 'S', NIDENT = ?, AINSTL = ?,"
+                          " NMATRL = ?, QCOMPRT = ?, ATESTEESTNQ = ?, ITESTEESTNQ = ?,"
+                          " IPROPR = ?, ISITCA = ? Where NMUNCP = ? And NSEQNC = ?"
+                          " And ITANQU = 'S' And NTANQU = ?"),
+           {m_nident->text(), dateValue(m_ainstl), nmatrl, m_qcomprt->text().toInt(),
+            dateValue(m_atesteestnq), chosenCode(m_teste), chosenCode(m_ipropr),
+            m_isitca->currentText() == QLatin1String("Em Uso") ? QStringLiteral("A")
+                                                               : QStringLiteral("D"),
+            session().nmuncp, session().nseqnc, m_ntanqu->text().toInt()});
+}
+
+void TankMaintenance::gravarCompartimento(store::Database& db) {
+    db.run(QStringLiteral("Insert Into TB_POSTOTANQUCOMPR (NMUNCP, NSEQNC, AINFRM, ITANQU,NTANQU,"
+                          "NCOMPR,NBOCACARRG, QCAPCD,NCOMBS,QRESPRALTRA,QRESPRDISTCRECPT)"
+                          " Values(?,?,?,?,?,?,?,?,?,?,?)"),
+           {session().nmuncp, session().nseqnc, session().ainfrm.toString(Qt::ISODate),
+            kUnderground, m_ntanqu->text().toInt(), m_ncompr->text().toInt(),
+            chosenCode(m_nbocacarrg), m_qcapcd->text().toInt(), chosenCode(m_ncombs),
+            m_qrespraltra->text().toInt(), rules::numeroParaSql(m_qresprdistcrecpt->text())});
+}
+
+void TankMaintenance::alterarCompartimento(store::Database& db) {
+    QSqlQuery codes = db.run(QStringLiteral("Select NBOCACARRG,NCOMBS From DICNRBOCACARRG dicb,"
+                                            "DICNRCOMBS dicc Where DBOCACARRG = ? And  DCOMBS = ?"),
+                             {m_nbocacarrg->currentText(), m_ncombs->currentText()});
+    QVariant nbocacarrg;
+    QVariant ncombs;
+    if (codes.next()) {
+        nbocacarrg = codes.value(0);
+        ncombs = codes.value(1);
+    }
+    db.run(QStringLiteral("Update TB_POSTOTANQUCOMPR Set NBOCACARRG = ?, QCAPCD = ?, NCOMBS = ?,"
+                          " QRESPRALTRA = ?, QRESPRDISTCRECPT = ? Where NMUNCP = ? And NSEQNC = ?"
+                          " And ITANQU = 'S' And NTANQU = ? And NCOMPR = ?"),
+           {nbocacarrg, m_qcapcd->text().toInt(), ncombs, m_qrespraltra->text().toInt(),
+            rules::numeroParaSql(m_qresprdistcrecpt->text()), session().nmuncp, session().nseqnc,
+            m_ntanqu->text().toInt(), m_ncompr->text().toInt()});
+}
+
+QString TankMaintenance::newKey() const {
+    return QString::number(onTank() ? m_ntanqu->text().toInt() : m_ncompr->text().toInt());
+}
+
+int TankMaintenance::childrenDue() const {
+    const int declared = m_qcomprt->text().toInt();
+    if (operation().name == kIncluirTanque)
+        return declared;
+    if (operation().name == kAlterarTanque && declared > m_oldCompartments)
+        return declared - m_oldCompartments;
+    return 0;
+}
+
+} // namespace fuel

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "ui/MaintenanceScreen.h"
+
+class QComboBox;
+class QGroupBox;
+class QLineEdit;
+
+namespace fuel {
+
+class OwnerPanel;
+
+// frmTanquM: one underground tank, with its owner, or one of its compartments.
+class TankMaintenance : public ui::MaintenanceScreen {
+    Q_OBJECT
+
+public:
+    explicit TankMaintenance(ui::ScreenHost& host, QWidget* parent = nullptr);
+
+protected:
+    void prepare() override;
+    void copyFromList(const ui::ListSelection& rows) override;
+    QWidget* arrangePanels() override;
+    QList<QWidget*> snapshotFields() const override;
+    ui::Check validate() override;
+    ui::Check leaveCheck(QWidget* field) override;
+    void write(store::Database& db) override;
+    QString newKey() const override;
+    int childrenDue() const override;
+
+private:
+    bool onTank() const;
+    bool ownerShown() const;
+    ui::Check consistirTanque();
+    ui::Check consistirCompartimento();
+    void testeChosen();
+    void proprietarioChosen();
+    QString tankDate(const QLineEdit* field) const;
+    void gravarTanque(store::Database& db);
+    void alterarTanque(store::Database& db);
+    void gravarCompartimento(store::Database& db);
+    void alterarCompartimento(store::Database& db);
+
+    QGroupBox* m_fraTanque = nullptr;
+    QWidget* m_picNTANQU = nullptr;
+    QLineEdit* m_ntanqu = nullptr;
+    QLineEdit* m_nident = nullptr;
+    QLineEdit* m_ainstl = nullptr;
+    QComboBox* m_nmatrl = nullptr;
+    QLineEdit* m_qcomprt = nullptr;
+    QComboBox* m_teste = nullptr;
+    QLineEdit* m_atesteestnq = nullptr;
+    QComboBox* m_ipropr = nullptr;
+    QComboBox* m_isitca = nullptr;
+
+    QGroupBox* m_fraCompar = nullptr;
+    QWidget* m_picNCOMPR = nullptr;
+    QLineEdit* m_ncompr = nullptr;
+    QComboBox* m_nbocacarrg = nullptr;
+    QLineEdit* m_qcapcd = nullptr;
+    QComboBox* m_ncombs = nullptr;
+    QLineEdit* m_qrespraltra = nullptr;
+    QLineEdit* m_qresprdistcrecpt = nullptr;
+
+    OwnerPanel* m_fraProp = nullptr;
+    // QCOMPRT as the grid showed it when the tank was opened for a change.
+    int m_oldCompartments = 0;
+};
+
+} // namespace fuel
