@@ -6,12 +6,16 @@
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
 #include "ui/ExportRun.h"
+#include "ui/MailSettingsDialog.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLineEdit>
 #include <QProcess>
+#include <QSettings>
 #include <QTest>
 
 using namespace exchange;
@@ -335,6 +339,33 @@ private slots:
         QCOMPARE(dialogs.last().text, kWriteProtectedText);
         QCOMPARE(dialogs.last().icon, ui::Icon::Critical);
         QCOMPARE(csitu(db).toInt(), 1);
+    }
+
+    void settingsKeepEveryFieldThroughTheDialog() {
+        testsupport::TestEnvironment env;
+        MailSettings s = settingsFor(2525);
+        s.security = MailSettings::Security::StartTls;
+        s.user = QStringLiteral("posto");
+        s.password = QStringLiteral("s3nh@");
+        {
+            QSettings ini(env.path(QStringLiteral("vor.ini")), QSettings::IniFormat);
+            s.save(ini);
+        }
+        QSettings ini(env.path(QStringLiteral("vor.ini")), QSettings::IniFormat);
+        ui::MailSettingsDialog dialog(MailSettings::load(ini));
+        dialog.findChild<QLineEdit*>(QStringLiteral("txtServidor"))
+            ->setText(QStringLiteral(" smtp.exemplo.com.br "));
+        const MailSettings edited = dialog.settings();
+        QCOMPARE(edited.host, QStringLiteral("smtp.exemplo.com.br"));
+        QCOMPARE(edited.recipient, s.recipient);
+        QCOMPARE(edited.port, 2525);
+        QCOMPARE(edited.security, MailSettings::Security::StartTls);
+        QCOMPARE(edited.user, s.user);
+        QCOMPARE(edited.password, s.password);
+        QCOMPARE(edited.sender, s.sender);
+        if (qEnvironmentVariableIsSet("VOR_SCREENSHOTS"))
+            dialog.grab().save(qEnvironmentVariable("VOR_SCREENSHOTS") +
+                               QStringLiteral("/mail.png"));
     }
 
     void confirmationOfTheList() {
