@@ -3,11 +3,14 @@
 #include "app/Paths.h"
 #include "app/PrintCommand.h"
 #include "app/Startup.h"
+#include "exchange/ExportFailure.h"
+#include "exchange/Exporter.h"
 #include "rules/Formats.h"
 #include "shell/MainWindow.h"
 #include "shell/StartupChecks.h"
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/RegisterKey.h"
 #include "store/TableCatalogue.h"
 #include "ui/ErrorRoutine.h"
 
@@ -39,6 +42,8 @@ void describe(QCommandLineParser& parser, const QString& command) {
                        "  vor [--database FILE]            the desktop program\n"
                        "  vor init --database FILE         create the database and exit\n"
                        "  vor summary --database FILE      print what the database holds\n"
+                       "  vor export --database FILE --register CODE --dir DIR\n"
+                       "                                   write REUNIDO_<CNPJ>.TXT of a register\n"
                        "  vor print --database FILE --register CODE --pdf OUT.pdf\n"
                        "                                   the memorial of a register as PDF"));
     parser.addHelpOption();
@@ -93,6 +98,29 @@ int runSummary(const QString& path) {
         return 1;
     }
     return 0;
+}
+
+// The export of one register without the mail step; the joined file's path on stdout.
+int runExport(const QString& path, const QString& code, const QString& directory) {
+    const auto key = store::RegisterKey::fromCode(code);
+    if (!key) {
+        err() << "vor export: --register CODE must be NMUNCP \"000\" followed by NSEQNC \"0000\""
+              << Qt::endl;
+        return 2;
+    }
+    auto db = openForCommand(path);
+    if (!db)
+        return 1;
+    try {
+        exchange::Exporter exporter(*db);
+        out() << exporter.run(*key, directory).joinedPath << Qt::endl;
+        return 0;
+    } catch (const exchange::ExportFailure& failure) {
+        err() << "vor export: " << failure.message() << Qt::endl;
+    } catch (const store::Failure& failure) {
+        err() << "vor export: " << store::databaseErrorText(failure) << Qt::endl;
+    }
+    return 1;
 }
 
 bool hasDisplay() {
@@ -152,7 +180,12 @@ int runCommandLine(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("vor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
     QCommandLineParser parser;
-    describe(parser, QStringLiteral("init | summary"));
+    describe(parser, QStringLiteral("init | summary | export"));
+    parser.addOption({QStringLiteral("register"),
+                      QStringLiteral("export: the register, NMUNCP \"000\" + NSEQNC \"0000\"."),
+                      QStringLiteral("CODE")});
+    parser.addOption({QStringLiteral("dir"), QStringLiteral("export: the target directory."),
+                      QStringLiteral("DIR")});
     parser.process(application);
 
     const QStringList args = parser.positionalArguments();
@@ -164,6 +197,16 @@ int runCommandLine(int argc, char* argv[]) {
             return 2;
         }
         return command == QLatin1String("init") ? runInit(database) : runSummary(database);
+    }
+    if (command == QLatin1String("export")) {
+        const QString code = parser.value(QStringLiteral("register"));
+        const QString directory = parser.value(QStringLiteral("dir"));
+        if (database.isEmpty() || code.isEmpty() || directory.isEmpty()) {
+            err() << "vor export: --database FILE, --register CODE and --dir DIR are required"
+                  << Qt::endl;
+            return 2;
+        }
+        return runExport(database, code, directory);
     }
     err() << "vor: unknown command '" << command << "'" << Qt::endl;
     parser.showHelp(2);

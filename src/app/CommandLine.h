@@ -4,6 +4,8 @@
 //   vor [--database FILE]                  the desktop program
 //   vor init    --database FILE            create or migrate a database, then exit
 //   vor summary --database FILE            print what a database holds
+//   vor export  --database FILE --register CODE --dir DIR
+//                                          write the joined exchange file of a register
 //   vor --version
 namespace app {
 

@@ -1,0 +1,243 @@
+#include "exchange/Mail.h"
+
+#include "store/Database.h"
+
+#include <QFile>
+#include <QSettings>
+#include <QUuid>
+#include <curl/curl.h>
+#include <memory>
+#include <mutex>
+
+namespace exchange {
+
+namespace {
+
+const QString kGroup = QStringLiteral("mail/");
+
+QString securityName(MailSettings::Security security) {
+    switch (security) {
+    case MailSettings::Security::StartTls:
+        return QStringLiteral("starttls");
+    case MailSettings::Security::Tls:
+        return QStringLiteral("tls");
+    case MailSettings::Security::None:
+        break;
+    }
+    return QStringLiteral("none");
+}
+
+MailSettings::Security securityFromName(const QString& name) {
+    if (name == QLatin1String("starttls"))
+        return MailSettings::Security::StartTls;
+    if (name == QLatin1String("tls"))
+        return MailSettings::Security::Tls;
+    return MailSettings::Security::None;
+}
+
+// A header value in plain ASCII, or as an encoded word.
+QByteArray headerText(const QString& text) {
+    bool ascii = true;
+    for (QChar c : text)
+        ascii = ascii && c.unicode() >= 0x20 && c.unicode() < 0x7F;
+    if (ascii)
+        return text.toLatin1();
+    return "=?UTF-8?B?" + text.toUtf8().toBase64() + "?=";
+}
+
+struct CurlDeleter {
+    void operator()(CURL* curl) const { curl_easy_cleanup(curl); }
+    void operator()(curl_mime* mime) const { curl_mime_free(mime); }
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+};
+
+curl_slist* append(curl_slist* list, const QByteArray& line) {
+    return curl_slist_append(list, line.constData());
+}
+
+} // namespace
+
+MailSettings MailSettings::load(QSettings& settings) {
+    MailSettings s;
+    s.recipient = settings.value(kGroup + QStringLiteral("recipient")).toString();
+    s.host = settings.value(kGroup + QStringLiteral("host")).toString();
+    s.port = settings.value(kGroup + QStringLiteral("port"), 25).toInt();
+    s.security = securityFromName(settings.value(kGroup + QStringLiteral("security")).toString());
+    s.user = settings.value(kGroup + QStringLiteral("user")).toString();
+    s.password = settings.value(kGroup + QStringLiteral("password")).toString();
+    s.sender = settings.value(kGroup + QStringLiteral("sender")).toString();
+    return s;
+}
+
+void MailSettings::save(QSettings& settings) const {
+    settings.setValue(kGroup + QStringLiteral("recipient"), recipient);
+    settings.setValue(kGroup + QStringLiteral("host"), host);
+    settings.setValue(kGroup + QStringLiteral("port"), port);
+    settings.setValue(kGroup + QStringLiteral("security"), securityName(security));
+    settings.setValue(kGroup + QStringLiteral("user"), user);
+    settings.setValue(kGroup + QStringLiteral("password"), password);
+    settings.setValue(kGroup + QStringLiteral("sender"), sender);
+}
+
+MailSettings MailSettings::load() {
+    QSettings settings;
+    return load(settings);
+}
+
+void MailSettings::save() const {
+    QSettings settings;
+    save(settings);
+}
+
+MailObjective mailObjective(const QVariant& imovmn) {
+    if (!imovmn.isValid())
+        return {QString(), QStringLiteral("Cadastro"), true};
+    const QString code = imovmn.isNull() ? QString() : imovmn.toString();
+    if (code == QLatin1String("LF"))
+        return {QStringLiteral("(LF)"), QStringLiteral("VOR da Licença de Funcionamento"), false};
+    if (code == QLatin1String("LP"))
+        return {QStringLiteral("(LP)"), QStringLiteral("VOR da Licença Prévia"), false};
+    if (code == QLatin1String("LI"))
+        return {QStringLiteral("(LI)"), QStringLiteral("VOR da Licença de Instalação"), false};
+    if (code == QLatin1String("LP/LI"))
+        return {QStringLiteral("(LP/LI)"), QStringLiteral("VOR da Licença Prévia e de Instalação"),
+                false};
+    return {QString(), QStringLiteral("Cadastro"), code == QLatin1String("C")};
+}
+
+QString maskedCnpj(const QString& key14) {
+    const QString k = key14.rightJustified(14, QLatin1Char('0'));
+    return QStringLiteral("%1.%2.%3/%4-%5")
+        .arg(k.mid(0, 2), k.mid(2, 3), k.mid(5, 3), k.mid(8, 4), k.mid(12, 2));
+}
+
+MailMessage exportMail(const MailObjective& objective, const QString& companyName,
+                       const QString& key14, bool resend, const QString& attachmentPath) {
+    MailMessage m;
+    m.subject = QStringLiteral("VOR-Postos ") + objective.kind;
+    if (resend)
+        m.subject += QStringLiteral(" (Atualização)");
+    m.body = QStringLiteral("Em anexo, o ") + objective.label +
+             (resend ? QStringLiteral(" ALTERADO de Posto do Empreendimento: ")
+                     : QStringLiteral(" de Posto do Empreendimento: ")) +
+             companyName + QStringLiteral(" CNPJ- ") + maskedCnpj(key14) + QStringLiteral(".\r\r");
+    m.attachmentPath = attachmentPath;
+    return m;
+}
+
+std::optional<QString> sendMail(const MailSettings& settings, const MailMessage& message) {
+    if (settings.host.trimmed().isEmpty())
+        return QStringLiteral("o servidor de e-mail (SMTP) não está configurado.");
+    if (settings.recipient.trimmed().isEmpty())
+        return QStringLiteral("a caixa postal do órgão não está configurada.");
+    if (!QFile::exists(message.attachmentPath))
+        return QStringLiteral("o arquivo %1 não foi encontrado.").arg(message.attachmentPath);
+
+    static std::once_flag once;
+    std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
+
+    std::unique_ptr<CURL, CurlDeleter> curl(curl_easy_init());
+    if (!curl)
+        return QStringLiteral("não foi possível iniciar o envio.");
+    CURL* c = curl.get();
+    char errorBuffer[CURL_ERROR_SIZE] = {};
+    curl_easy_setopt(c, CURLOPT_ERRORBUFFER, errorBuffer);
+
+    const QString scheme = settings.security == MailSettings::Security::Tls
+                               ? QStringLiteral("smtps")
+                               : QStringLiteral("smtp");
+    const QByteArray url = QStringLiteral("%1://%2:%3")
+                               .arg(scheme, settings.host.trimmed())
+                               .arg(settings.port)
+                               .toUtf8();
+    curl_easy_setopt(c, CURLOPT_URL, url.constData());
+    if (settings.security == MailSettings::Security::StartTls)
+        curl_easy_setopt(c, CURLOPT_USE_SSL, long(CURLUSESSL_ALL));
+    const QByteArray user = settings.user.toUtf8();
+    const QByteArray password = settings.password.toUtf8();
+    if (!settings.user.isEmpty()) {
+        curl_easy_setopt(c, CURLOPT_USERNAME, user.constData());
+        curl_easy_setopt(c, CURLOPT_PASSWORD, password.constData());
+    }
+    curl_easy_setopt(c, CURLOPT_CONNECTTIMEOUT, 30L);
+    curl_easy_setopt(c, CURLOPT_TIMEOUT, 300L);
+
+    const QString senderAddress = settings.sender.isEmpty() ? settings.user : settings.sender;
+    const QByteArray from = ('<' + senderAddress.trimmed() + '>').toUtf8();
+    curl_easy_setopt(c, CURLOPT_MAIL_FROM, from.constData());
+    std::unique_ptr<curl_slist, CurlDeleter> recipients(
+        append(nullptr, ('<' + settings.recipient.trimmed() + '>').toUtf8()));
+    curl_easy_setopt(c, CURLOPT_MAIL_RCPT, recipients.get());
+
+    curl_slist* headers = nullptr;
+    headers = append(headers, "Subject: " + headerText(message.subject));
+    if (!senderAddress.isEmpty())
+        headers = append(headers, "From: " + senderAddress.trimmed().toUtf8());
+    headers = append(headers, "To: " + settings.recipient.trimmed().toUtf8());
+    headers = append(headers,
+                     "Date: " + QDateTime::currentDateTime().toString(Qt::RFC2822Date).toLatin1());
+    headers = append(headers, "Message-ID: <" +
+                                  QUuid::createUuid().toString(QUuid::WithoutBraces).toLatin1() +
+                                  "@vor>");
+    std::unique_ptr<curl_slist, CurlDeleter> headerList(headers);
+    curl_easy_setopt(c, CURLOPT_HTTPHEADER, headerList.get());
+
+    std::unique_ptr<curl_mime, CurlDeleter> mime(curl_mime_init(c));
+    const QByteArray body = message.body.toUtf8();
+    curl_mimepart* text = curl_mime_addpart(mime.get());
+    curl_mime_data(text, body.constData(), size_t(body.size()));
+    curl_mime_type(text, "text/plain; charset=UTF-8");
+    curl_mime_encoder(text, "quoted-printable");
+
+    const QByteArray attachmentPath = QFile::encodeName(message.attachmentPath);
+    const QByteArray attachmentName =
+        QFile::encodeName(message.attachmentPath.section(QLatin1Char('/'), -1));
+    curl_mimepart* attachment = curl_mime_addpart(mime.get());
+    curl_mime_filedata(attachment, attachmentPath.constData());
+    curl_mime_filename(attachment, attachmentName.constData());
+    curl_mime_type(attachment, "text/plain; charset=windows-1252");
+    curl_mime_encoder(attachment, "base64");
+    curl_easy_setopt(c, CURLOPT_MIMEPOST, mime.get());
+
+    const CURLcode code = curl_easy_perform(c);
+    if (code != CURLE_OK)
+        return QString::fromUtf8(errorBuffer[0] ? errorBuffer : curl_easy_strerror(code));
+    return std::nullopt;
+}
+
+MailStep::MailStep(store::Database& db, const store::RegisterKey& key, QString companyName,
+                   QString fileKey, QString joinedPath)
+    : m_db(db)
+    , m_key(key)
+    , m_companyName(std::move(companyName))
+    , m_fileKey(std::move(fileKey))
+    , m_joinedPath(std::move(joinedPath)) {
+    const QVariant csitu =
+        db.scalar(QStringLiteral("SELECT CSITU FROM EMPRS WHERE NMUNCP = ? AND NSEQNC = ?"),
+                  {key.nmuncp, key.nseqnc});
+    m_resend = !csitu.isNull() && csitu.toInt() >= 3;
+    m_objective = mailObjective(db.scalar(QStringLiteral("SELECT IMOVMN FROM TB_VORpMOVMN")));
+}
+
+QString MailStep::question() const {
+    return m_resend ? QStringLiteral("Exportação Concluída. Reenviar por e-mail?")
+                    : QStringLiteral("Exportação Concluída. Enviar por e-mail?");
+}
+
+MailMessage MailStep::message() const {
+    return exportMail(m_objective, m_companyName, m_fileKey, m_resend, m_joinedPath);
+}
+
+MailStep::Outcome MailStep::send(const MailSettings& settings, const MailSender& sender) {
+    Outcome outcome;
+    outcome.sendError = sender(settings, message());
+    if (outcome.sendError)
+        return outcome;
+    m_db.run(QStringLiteral("UPDATE EMPRS SET CSITU = ? WHERE NMUNCP = ? AND NSEQNC = ?"),
+             {m_resend ? 4 : 3, m_key.nmuncp, m_key.nseqnc});
+    if (m_objective.protocolDue)
+        outcome.protocol = ProtocolRequest{m_key, QDateTime::currentDateTime(), m_resend};
+    return outcome;
+}
+
+} // namespace exchange

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "exchange/Layout.h"
+#include "store/TableCatalogue.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVariant>
+#include <QVariantList>
+#include <stdexcept>
+
+class QIODevice;
+
+// One row of a table as a line of an exchange file.
+namespace exchange {
+
+// A value as a machine set up for Brazil writes it: Null as "Null"; dates "dd/MM/yyyy"; times
+// "HH:mm:ss"; numbers as the shortest text of their value with a decimal comma and no thousands
+// separator; text as it stands. Line breaks and separators inside a text become blanks, so a
+// value can never split or shift its record. No trimming here.
+QString valueText(const QVariant& value, store::ColumnType type);
+
+// The shortest text of a number, with `decimalPoint` between the whole and the fraction.
+QString numberText(double value, QChar decimalPoint = QLatin1Char(','));
+
+// The fields of one row joined by the separator, after the table's own rules (the field count
+// of the purpose, trimming, the kept blank, the decimal point, the trailing separator); without
+// the end of the record. `values` hold the table's columns in catalogue order; those behind
+// the purpose's field count are not written.
+QString recordText(const TableLayout& layout, const QVariantList& values, Purpose purpose);
+
+// The bytes of a record end.
+QByteArray recordEndBytes(RecordEnd end);
+
+// A text that Windows-1252 cannot hold. The message names the table, the column and the
+// character, in the user's words.
+class UnencodableText : public std::runtime_error {
+public:
+    UnencodableText(QString table, QString column, QString character);
+    const QString& table() const { return m_table; }
+    const QString& column() const { return m_column; }
+    const QString& character() const { return m_character; }
+    QString message() const;
+
+private:
+    QString m_table;
+    QString m_column;
+    QString m_character;
+};
+
+// The record and its end in Windows-1252; throws UnencodableText.
+QByteArray recordBytes(const TableLayout& layout, const QVariantList& values, Purpose purpose,
+                       RecordEnd end);
+
+} // namespace exchange

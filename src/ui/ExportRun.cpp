@@ -1,0 +1,113 @@
+#include "ui/ExportRun.h"
+
+#include "exchange/ExportFailure.h"
+#include "exchange/Exporter.h"
+#include "store/Failure.h"
+#include "ui/Dialogs.h"
+#include "ui/ErrorRoutine.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+
+namespace ui {
+
+namespace {
+
+// The hourglass for the length of a scope.
+class WaitCursor {
+public:
+    WaitCursor() {
+        if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    ~WaitCursor() { reset(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+    void reset() {
+        if (m_on && qobject_cast<QApplication*>(QCoreApplication::instance()))
+            QApplication::restoreOverrideCursor();
+        m_on = false;
+    }
+
+private:
+    bool m_on = true;
+};
+
+} // namespace
+
+ExportRunOutcome runExportWithQuestions(store::Database& db, const store::RegisterKey& key,
+                                        const QString& directory, const ExportRunOptions& options) {
+    ExportRunOutcome outcome;
+    const int steps = exchange::Exporter::tableSteps() + 1;
+    auto progress = [&](int step) {
+        if (options.progress)
+            options.progress(step, steps);
+    };
+    progress(0);
+
+    WaitCursor cursor;
+    exchange::ExportResult result;
+    try {
+        exchange::Exporter exporter(db);
+        exporter.setProgress([&](int step, int) { progress(step); });
+        result = exporter.run(key, directory);
+    } catch (const exchange::ExportFailure& failure) {
+        cursor.reset();
+        progress(0);
+        dialogs().message(kTitle, failure.message(), Icon::Critical);
+        return outcome;
+    } catch (const store::Failure& failure) {
+        cursor.reset();
+        progress(0);
+        reportFailure(failure);
+        return outcome;
+    }
+    outcome.exported = true;
+    outcome.joinedPath = result.joinedPath;
+
+    progress(steps);
+    cursor.reset();
+    runGuarded([&] {
+        exchange::MailStep step(db, key, result.companyName, result.fileKey, result.joinedPath);
+        if (!dialogs().ask(kTitle, step.question(), Icon::Question, false))
+            return;
+        const exchange::MailSettings settings =
+            options.mail ? *options.mail : exchange::MailSettings::load();
+        const exchange::MailStep::Outcome sent = step.send(settings, options.sender);
+        if (sent.sendError) {
+            dialogs().message(
+                kTitle, QStringLiteral("Um erro ocorreu durante a emissão: ") + *sent.sendError,
+                Icon::Critical);
+            return;
+        }
+        outcome.mailed = true;
+        if (sent.protocol && options.printProtocol) {
+            if (const auto error = options.printProtocol(*sent.protocol))
+                dialogs().message(
+                    kTitle,
+                    QStringLiteral("Durante a emissão ocorreu um erro com o seguinte código: ") +
+                        *error,
+                    Icon::Critical);
+        }
+    });
+    return outcome;
+}
+
+bool confirmExportTo(const QString& directory) {
+    return dialogs().ask(QStringLiteral("Confirmação"),
+                         QStringLiteral("Continuar a Exportação dos dados do posto selecionado "
+                                        "para ") +
+                             QDir::toNativeSeparators(directory) + QLatin1Char('?'),
+                         Icon::Question, false);
+}
+
+std::optional<QString> chooseExportDirectory(QWidget* parent, const QString& start) {
+    const QString chosen = QFileDialog::getExistingDirectory(
+        parent, QStringLiteral("Selecione o local para onde será exportado"), start);
+    if (chosen.isEmpty())
+        return std::nullopt;
+    return chosen;
+}
+
+} // namespace ui
