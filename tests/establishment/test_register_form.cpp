@@ -335,6 +335,7 @@ private slots:
         t.open(ui::kIncluir);
         t.type(qPrintable(field), typed);
         t.edit("txtDRAZAOSOCIL")->setFocus();
+        QCoreApplication::processEvents(); // a refusal gives the focus back once the move ended
         if (message.isEmpty()) {
             QCOMPARE(t.dialogs.texts(), QStringList());
             QCOMPARE(t.edit(qPrintable(field))->text(), shown);

@@ -17,8 +17,8 @@
 
 namespace {
 
-const QStringList kEntries = {"lblPrenc",     "lblManual", "lblGerco", "lblImprimir",
-                              "lblAgenc",     "lblSugestoes", "lblImprt", "lblSair"};
+const QStringList kEntries = {"lblPrenc", "lblManual",    "lblGerco", "lblImprimir",
+                              "lblAgenc", "lblSugestoes", "lblImprt", "lblSair"};
 
 QLabel* entry(QWidget* window, const QString& name) {
     return window->findChild<QLabel*>(name);
@@ -68,9 +68,9 @@ private slots:
         WindowUnderTest t;
         QCOMPARE(t.window.windowTitle(), QStringLiteral("VOR - Caderno Vorel de Empreendimento"));
         const QStringList captions = {"Preenchimento do Memorial", "Manual de Preenchimento",
-                                      "Geração do Disquete",      "Impressão do Memorial",
-                                      "Agências Ambientais",      "Sugestões",
-                                      "Importação do Memorial",   "Sair"};
+                                      "Geração do Disquete",       "Impressão do Memorial",
+                                      "Agências Ambientais",       "Sugestões",
+                                      "Importação do Memorial",    "Sair"};
         int lastY = -1;
         for (int i = 0; i < kEntries.size(); ++i) {
             QLabel* label = entry(&t.window, kEntries[i]);
@@ -83,7 +83,8 @@ private slots:
         QCOMPARE(entry(&t.window, "Label18")->text(), QStringLiteral("Versão 1.5"));
         for (const char* text : {"Label6", "Label3", "Label5", "Label8", "Label9", "Label11"})
             QVERIFY(!entry(&t.window, QString::fromLatin1(text))->text().isEmpty());
-        QVERIFY(entry(&t.window, "Label6")->text().contains(QStringLiteral("29 de novembro de 2000")));
+        QVERIFY(
+            entry(&t.window, "Label6")->text().contains(QStringLiteral("29 de novembro de 2000")));
     }
 
     void keysRunTheirEntries_data() {
@@ -170,8 +171,8 @@ private slots:
         QLabel* prenc = entry(&t.window, "lblPrenc");
         QWidget* central = t.window.centralWidget();
         const auto moveOver = [](QWidget* w, QPointF at) {
-            QMouseEvent move(QEvent::MouseMove, at, w->mapToGlobal(at), Qt::NoButton,
-                             Qt::NoButton, Qt::NoModifier);
+            QMouseEvent move(QEvent::MouseMove, at, w->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                             Qt::NoModifier);
             QApplication::sendEvent(w, &move);
         };
         moveOver(central, QPointF(5, 5));
@@ -192,12 +193,14 @@ private slots:
         QWidget* column = t.window.findChild<QWidget*>(QStringLiteral("lbl1"));
         QWidget* central = t.window.centralWidget();
         const int before = column->x();
-        QMouseEvent moveLeft(QEvent::MouseMove, QPointF(300, 300), central->mapToGlobal(QPointF(300, 300)),
-                             Qt::NoButton, Qt::RightButton, Qt::NoModifier);
+        QMouseEvent moveLeft(QEvent::MouseMove, QPointF(300, 300),
+                             central->mapToGlobal(QPointF(300, 300)), Qt::NoButton, Qt::RightButton,
+                             Qt::NoModifier);
         QApplication::sendEvent(central, &moveLeft);
         QCOMPARE(column->x(), before); // not into the text
-        QMouseEvent move(QEvent::MouseMove, QPointF(450, 300), central->mapToGlobal(QPointF(450, 300)),
-                         Qt::NoButton, Qt::RightButton, Qt::NoModifier);
+        QMouseEvent move(QEvent::MouseMove, QPointF(450, 300),
+                         central->mapToGlobal(QPointF(450, 300)), Qt::NoButton, Qt::RightButton,
+                         Qt::NoModifier);
         QApplication::sendEvent(central, &move);
         QCOMPARE(column->x(), 450);
         QCOMPARE(t.window.findChild<QWidget*>(QStringLiteral("Label11"))->x(), 457);
@@ -205,8 +208,9 @@ private slots:
 
     void panelsReturnToTheText() {
         WindowUnderTest t;
-        for (auto panel : {shell::MainWindow::Panel::Agencies, shell::MainWindow::Panel::Suggestions,
-                           shell::MainWindow::Panel::Chooser, shell::MainWindow::Panel::Export}) {
+        for (auto panel :
+             {shell::MainWindow::Panel::Agencies, shell::MainWindow::Panel::Suggestions,
+              shell::MainWindow::Panel::Chooser, shell::MainWindow::Panel::Export}) {
             t.window.showPanel(panel);
             QVERIFY(t.window.panel(panel)->isVisible());
             QVERIFY(!entry(&t.window, "Label6")->isVisible());
