@@ -220,8 +220,9 @@ void RegisterForm::build() {
     auto* phoneBox = new QHBoxLayout;
     phoneBox->setContentsMargins(0, 0, 0, 0);
     phoneBox->addWidget(ddd);
-    phoneBox->addSpacing(12);
+    phoneBox->addSpacing(16);
     phoneBox->addWidget(label(QStringLiteral("Tel.:"), telefone));
+    phoneBox->addSpacing(4);
     phoneBox->addWidget(telefone);
     phoneBox->addStretch();
     grid->addWidget(label(QStringLiteral("DDD:"), ddd), row, 0);
@@ -254,14 +255,14 @@ void RegisterForm::build() {
     coordsLayout->addWidget(longitude);
     coordsLayout->addStretch();
 
-    auto* dates = new QGridLayout;
-    dates->setHorizontalSpacing(10);
-    dates->addWidget(label(QStringLiteral("Data de Início das Atividades no Local:"), inicio), 0,
-                     0);
-    dates->addWidget(inicio, 0, 1);
-    dates->addWidget(label(QStringLiteral("Data do Levantamento :"), levantamento), 1, 0);
-    dates->addWidget(levantamento, 1, 1);
-    dates->setColumnStretch(2, 1);
+    auto* dates = new QHBoxLayout;
+    dates->setContentsMargins(12, 4, 12, 4);
+    dates->addWidget(new QLabel(QStringLiteral("Data de Início das Atividades no Local:"), this));
+    dates->addWidget(inicio);
+    dates->addSpacing(24);
+    dates->addWidget(new QLabel(QStringLiteral("Data do Levantamento :"), this));
+    dates->addWidget(levantamento);
+    dates->addStretch();
 
     // Buttons
     auto* buttons = new QWidget(this);
