@@ -357,13 +357,4 @@ void alterarRegistro(store::Database& db, const RegisterFields& fields,
     transaction.commit();
 }
 
-QList<std::pair<int, QString>> municipalities(store::Database& db) {
-    QList<std::pair<int, QString>> list;
-    QSqlQuery q = db.run(
-        QStringLiteral("SELECT NMUNCP, DMUNCP FROM MUNCP WHERE NMUNCP >= 100 ORDER BY DMUNCP"));
-    while (q.next())
-        list.append({q.value(0).toInt(), q.value(1).toString()});
-    return list;
-}
-
 } // namespace establishment
