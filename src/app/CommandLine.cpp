@@ -3,10 +3,13 @@
 #include "app/Paths.h"
 #include "app/PrintCommand.h"
 #include "app/Startup.h"
+#include "establishment/RegisterRecord.h"
 #include "exchange/ExportFailure.h"
 #include "exchange/Exporter.h"
 #include "rules/Formats.h"
 #include "shell/MainWindow.h"
+#include "shell/Objective.h"
+#include "shell/RegisterListData.h"
 #include "shell/StartupChecks.h"
 #include "store/Database.h"
 #include "store/Failure.h"
@@ -45,7 +48,9 @@ void describe(QCommandLineParser& parser, const QString& command) {
                        "  vor export --database FILE --register CODE --dir DIR\n"
                        "                                   write REUNIDO_<CNPJ>.TXT of a register\n"
                        "  vor print --database FILE --register CODE --pdf OUT.pdf\n"
-                       "                                   the memorial of a register as PDF"));
+                       "                                   the memorial of a register as PDF\n"
+                       "  vor demo-register --database FILE  create a sample register and list "
+                       "the registers"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOption({QStringLiteral("database"),
@@ -123,6 +128,63 @@ int runExport(const QString& path, const QString& code, const QString& directory
     return 1;
 }
 
+// Creates a sample register through the register form's own checks and writes, then lists the
+// registers as the list screen does.
+int runDemoRegister(const QString& path) {
+    auto db = openForCommand(path);
+    if (!db)
+        return 1;
+    establishment::RegisterFields f;
+    f.razaoSocial = QStringLiteral("AUTO POSTO BOA VIAGEM LTDA");
+    f.fantasia = QStringLiteral("POSTO BOA VIAGEM");
+    f.bandeira = QStringLiteral("BANDEIRA BRANCA");
+    f.logradouro = QStringLiteral("AVENIDA RIO BRANCO");
+    f.numero = QStringLiteral("1200");
+    f.bairro = QStringLiteral("CENTRO");
+    f.cep = QStringLiteral("17800000");
+    f.municipio = QStringLiteral("ADAMANTINA");
+    f.municipioCodigo = 101;
+    f.ddd = QStringLiteral("018");
+    f.telefone = QStringLiteral("35221234");
+    f.cnpj = QStringLiteral("11222333000181");
+    f.anp = QStringLiteral("SP1234567");
+    f.inicioAtividades = QStringLiteral("15/03/1998");
+    f.levantamento = rules::shortDate(QDate::currentDate());
+    try {
+        const std::optional<QString> code = shell::storedObjectiveCode(*db);
+        establishment::CheckContext context;
+        context.objective = code ? shell::objectiveFromCode(*code).value_or(0) : 0;
+        context.operacao = QStringLiteral("Incluir");
+        const establishment::CheckResult checked = establishment::consistirDados(*db, f, context);
+        if (checked.refusal) {
+            err() << "vor: " << checked.refusal->message << Qt::endl;
+            return 1;
+        }
+        const store::RegisterKey key = establishment::incluirRegistro(*db, f, checked.nmuncp);
+        out() << "VOR " << key.code() << " incluído." << Qt::endl;
+        out() << "Código   Razão Social                              CNPJ                Data"
+                 "        Situação"
+              << Qt::endl;
+        for (const shell::RegisterRow& row :
+             shell::listRegisters(*db, shell::ListOrder::RazaoSocial)) {
+            out() << QStringLiteral("%1  %2  %3  %4  %5")
+                         .arg(row.code, -7)
+                         .arg(row.razaoSocial.left(40), -40)
+                         .arg(shell::cnpjText(row.ccgc), -18)
+                         .arg(row.acadst.isValid() ? rules::shortDate(row.acadst) : QString(), -10)
+                         .arg(shell::statusWord(row.csitu))
+                  << Qt::endl;
+        }
+    } catch (const store::Failure& failure) {
+        err() << "vor: "
+              << (failure.fromDatabase() ? store::databaseErrorText(failure)
+                                         : failure.description())
+              << Qt::endl;
+        return 1;
+    }
+    return 0;
+}
+
 bool hasDisplay() {
     return !qEnvironmentVariableIsEmpty("DISPLAY") ||
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
@@ -180,7 +242,7 @@ int runCommandLine(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("vor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
     QCommandLineParser parser;
-    describe(parser, QStringLiteral("init | summary | export"));
+    describe(parser, QStringLiteral("init | summary | export | demo-register"));
     parser.addOption({QStringLiteral("register"),
                       QStringLiteral("export: the register, NMUNCP \"000\" + NSEQNC \"0000\"."),
                       QStringLiteral("CODE")});
@@ -191,6 +253,13 @@ int runCommandLine(int argc, char* argv[]) {
     const QStringList args = parser.positionalArguments();
     const QString command = args.value(0);
     const QString database = parser.value(QStringLiteral("database"));
+    if (command == QLatin1String("demo-register")) {
+        if (database.isEmpty()) {
+            err() << "vor " << command << ": --database FILE is required" << Qt::endl;
+            return 2;
+        }
+        return runDemoRegister(database);
+    }
     if (command == QLatin1String("init") || command == QLatin1String("summary")) {
         if (database.isEmpty()) {
             err() << "vor " << command << ": --database FILE is required" << Qt::endl;

@@ -6,6 +6,7 @@
 //   vor summary --database FILE            print what a database holds
 //   vor export  --database FILE --register CODE --dir DIR
 //                                          write the joined exchange file of a register
+//   vor demo-register --database FILE      create a sample register and list the registers
 //   vor --version
 namespace app {
 

@@ -1,11 +1,14 @@
 #include "establishment/RegisterForm.h"
 
-#include "establishment/FieldRules.h"
+#include "rules/Address.h"
+#include "rules/Filters.h"
 #include "rules/Formats.h"
 #include "store/Database.h"
+#include "ui/AddressBlock.h"
 #include "ui/BusyCursor.h"
 #include "ui/Dialogs.h"
 #include "ui/ErrorRoutine.h"
+#include "ui/FieldBehaviour.h"
 #include "ui/Session.h"
 
 #include <QApplication>
@@ -18,7 +21,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QRegularExpressionValidator>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -29,9 +31,6 @@ namespace {
 // Display masks of the fields that show one when the focus is elsewhere.
 const QHash<QString, QString>& displayMasks() {
     static const QHash<QString, QString> masks = {
-        {QStringLiteral("txtCCEP"), QStringLiteral("@@@@@-@@@")},
-        {QStringLiteral("txtntelfnemprs"), QStringLiteral("@@@@-@@@@")},
-        {QStringLiteral("txtNFAX"), QStringLiteral("@@@@-@@@@")},
         {QStringLiteral("txtcCnpj"), QStringLiteral("@@.@@@.@@@/@@@@-@@")},
         {QStringLiteral("txtcibge"), QStringLiteral("@@.@@.@@-@")},
         {QStringLiteral("txtqLattd"), QStringLiteral("@@:@@:@@")},
@@ -40,38 +39,15 @@ const QHash<QString, QString>& displayMasks() {
     return masks;
 }
 
-const QString kDateMask = QStringLiteral("99/99/9999;_");
-
-QString digitsOnly(const QString& text) {
-    QString digits;
-    for (QChar c : text) {
-        if (c.isDigit())
-            digits += c;
-    }
-    return digits;
-}
-
-// The quote key becomes a grave accent as it is typed.
-void filterQuotes(QLineEdit* edit) {
-    QObject::connect(edit, &QLineEdit::textEdited, edit, [edit](const QString& text) {
-        if (!text.contains(QLatin1Char('\'')))
-            return;
-        const int cursor = edit->cursorPosition();
-        QString replaced = text;
-        replaced.replace(QLatin1Char('\''), QLatin1Char('`'));
-        edit->setText(replaced);
-        edit->setCursorPosition(cursor);
-    });
-}
-
-void filterDigits(QLineEdit* edit) {
-    edit->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), edit));
+// The masked fields of the address block, read and written by their typed digits.
+bool typedByDigits(const QString& name) {
+    return name == QLatin1String("txtCCEP") || name == QLatin1String("txtntelfnemprs") ||
+           name == QLatin1String("txtNFAX");
 }
 
 // A date field's text, or nothing when no digit was typed.
 QString dateText(const QLineEdit* edit) {
-    return digitsOnly(edit->text()).isEmpty() ? QString() : edit->text();
+    return ui::clipText(edit).isEmpty() ? QString() : edit->text();
 }
 
 } // namespace
@@ -161,22 +137,42 @@ void RegisterForm::build() {
     QLineEdit* longitude = addText("txtqLongt", 8);
     QLineEdit* inicio = addText("mskACADST", 0);
     QLineEdit* levantamento = addText("mskALEVNT", 0);
-    inicio->setInputMask(kDateMask);
-    levantamento->setInputMask(kDateMask);
-
-    for (QLineEdit* e : {razao, fantasia, bandeira, logradouro, complemento, bairro, email})
-        filterQuotes(e);
-    for (QLineEdit* e : {numero, ddd, telefone, fax, inscEstadual, cep, latitude, longitude})
-        filterDigits(e);
+    // The address block brings its own filters, masks and leaving checks; the register form
+    // words them as below. An empty CEP is left to the checks of Ok.
+    ui::AddressTexts texts;
+    texts.cepIncorrect = QStringLiteral("Preenchimento Incorreto do CEP");
+    texts.dddIncorrect = QStringLiteral("Preenchimento Incorreto do DDD.");
+    texts.telephoneIncorrect = QStringLiteral("Preenchimento Incorreto do Telefone");
+    texts.faxIncorrect = QStringLiteral("Preenchimento Incorreto do FAX");
+    ui::AddressFields address;
+    address.street = logradouro;
+    address.number = numero;
+    address.complement = complemento;
+    address.district = bairro;
+    address.cep = cep;
+    address.municipality = m_municipio;
+    address.municipalityCover = m_municipioFixo;
+    address.municipalityNumber = m_texts.value(QStringLiteral("txtnMuncp"));
+    address.ddd = ddd;
+    address.telephone = telefone;
+    address.fax = fax;
+    address.email = email;
+    m_address =
+        ui::AddressBlock::attach(m_db, address, ui::MunicipalityList::MunicipalitiesOnly, texts);
+    for (QLineEdit* e : {razao, fantasia, bandeira})
+        ui::attachText(e, ui::Case::Upper);
+    for (QLineEdit* e : {anp, anpAnterior})
+        ui::attachUpperCase(e);
+    for (QLineEdit* e : {inscEstadual, latitude, longitude})
+        ui::attachDigits(e);
+    // The CNPJ takes digits only where the objective demands one.
     if (m_session.inOperation())
-        filterDigits(cnpj);
-    for (QLineEdit* e :
-         {razao, fantasia, bandeira, logradouro, complemento, bairro, anp, anpAnterior}) {
-        connect(e, &QLineEdit::editingFinished, e, [e] {
-            if (!e->text().trimmed().isEmpty() && e->text() != e->text().toUpper())
-                e->setText(e->text().toUpper());
-        });
-    }
+        ui::attachDigits(cnpj);
+    for (QLineEdit* e : {cnpj, cibge, latitude, longitude})
+        ui::attachDisplayMask(e, displayMasks().value(e->objectName()));
+    ui::guardLine(inscMunicipal);
+    ui::attachMask(inicio, ui::Mask::Date);
+    ui::attachMask(levantamento, ui::Mask::Date);
     for (QLineEdit* e : {ddd, numero})
         e->setMaximumWidth(70);
     for (QLineEdit* e : {cep, telefone, fax, latitude, longitude, inicio, levantamento})
@@ -224,8 +220,9 @@ void RegisterForm::build() {
     auto* phoneBox = new QHBoxLayout;
     phoneBox->setContentsMargins(0, 0, 0, 0);
     phoneBox->addWidget(ddd);
-    phoneBox->addSpacing(12);
+    phoneBox->addSpacing(16);
     phoneBox->addWidget(label(QStringLiteral("Tel.:"), telefone));
+    phoneBox->addSpacing(4);
     phoneBox->addWidget(telefone);
     phoneBox->addStretch();
     grid->addWidget(label(QStringLiteral("DDD:"), ddd), row, 0);
@@ -258,14 +255,14 @@ void RegisterForm::build() {
     coordsLayout->addWidget(longitude);
     coordsLayout->addStretch();
 
-    auto* dates = new QGridLayout;
-    dates->setHorizontalSpacing(10);
-    dates->addWidget(label(QStringLiteral("Data de Início das Atividades no Local:"), inicio), 0,
-                     0);
-    dates->addWidget(inicio, 0, 1);
-    dates->addWidget(label(QStringLiteral("Data do Levantamento :"), levantamento), 1, 0);
-    dates->addWidget(levantamento, 1, 1);
-    dates->setColumnStretch(2, 1);
+    auto* dates = new QHBoxLayout;
+    dates->setContentsMargins(12, 4, 12, 4);
+    dates->addWidget(new QLabel(QStringLiteral("Data de Início das Atividades no Local:"), this));
+    dates->addWidget(inicio);
+    dates->addSpacing(24);
+    dates->addWidget(new QLabel(QStringLiteral("Data do Levantamento :"), this));
+    dates->addWidget(levantamento);
+    dates->addStretch();
 
     // Buttons
     auto* buttons = new QWidget(this);
@@ -281,6 +278,7 @@ void RegisterForm::build() {
     buttonLayout->addStretch();
     for (QPushButton* b : {m_ok, m_cancelar, m_fechar}) {
         b->setMinimumWidth(96);
+        b->setFocusPolicy(Qt::TabFocus);
         buttonLayout->addWidget(b);
     }
 
@@ -302,15 +300,12 @@ void RegisterForm::build() {
     for (int i = 1; i < order.size(); ++i)
         setTabOrder(order[i - 1], order[i]);
 
-    ui::runGuarded([&] {
-        for (const auto& [code, name] : municipalities(m_db))
-            m_municipio->addItem(name, code);
-    });
+    ui::runGuarded([&] { m_address->loadMunicipalities(); });
     m_municipio->setCurrentIndex(-1);
     connect(m_municipio, &QComboBox::currentIndexChanged, this, &RegisterForm::checkChanged);
-    connect(m_municipio, &QComboBox::activated, this, &RegisterForm::municipalityChosen);
+    // In "Alterar" the municipality, a part of the key, is shown but cannot be chosen again.
+    m_address->setMunicipalityLocked(m_changing);
     m_municipio->setVisible(!m_changing);
-    m_municipioFixo->setVisible(m_changing);
 
     connect(m_ok, &QPushButton::clicked, this, &RegisterForm::ok);
     connect(m_cancelar, &QPushButton::clicked, this, &RegisterForm::fechar);
@@ -321,7 +316,10 @@ void RegisterForm::setFields(const RegisterFields& f) {
     const auto set = [this](const char* name, const QString& value) {
         QLineEdit* e = m_texts.value(QString::fromLatin1(name));
         const QString mask = displayMasks().value(e->objectName());
-        e->setText(mask.isEmpty() || value.isEmpty() ? value : fieldrules::poeMascara(mask, value));
+        if (typedByDigits(e->objectName()))
+            ui::setClipText(e, value);
+        else
+            e->setText(mask.isEmpty() ? value : rules::poeMascara(value, mask));
     };
     const QString kinds = QStringLiteral("RIAF");
     const qsizetype kind = kinds.indexOf(f.kind);
@@ -340,6 +338,7 @@ void RegisterForm::setFields(const RegisterFields& f) {
     set("txtCCEP", f.cep);
     m_municipio->setCurrentIndex(m_municipio->findData(f.municipioCodigo));
     m_municipioFixo->setText(f.municipio);
+    set("txtnMuncp", f.nmuncpText);
     set("txtndddemprs", f.ddd);
     set("txtntelfnemprs", f.telefone);
     set("txtNFAX", f.fax);
@@ -360,7 +359,9 @@ RegisterFields RegisterForm::fields() const {
     const auto text = [this](const char* name) {
         const QLineEdit* e = m_texts.value(QString::fromLatin1(name));
         const QString mask = displayMasks().value(e->objectName());
-        return mask.isEmpty() ? e->text() : fieldrules::tiraMascara(mask, e->text()).trimmed();
+        if (typedByDigits(e->objectName()))
+            return ui::clipText(e);
+        return mask.isEmpty() ? e->text() : rules::tiraMascara(e->text(), mask).trimmed();
     };
     RegisterFields f;
     for (std::size_t i = 0; i < m_kinds.size(); ++i) {
@@ -413,23 +414,13 @@ void RegisterForm::checkChanged() {
 }
 
 bool RegisterForm::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_municipio && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab && m_municipio->currentIndex() < 0 &&
-        m_municipio->count() > 0) {
-        // Tab on an empty combo moves the list to its first entry rather than leaving it.
-        m_municipio->setCurrentIndex(0);
-        return true;
-    }
     auto* field = qobject_cast<QLineEdit*>(watched);
     if (field && m_texts.contains(field->objectName())) {
         if (event->type() == QEvent::FocusIn) {
-            fieldEntered(field);
+            m_lastField = field;
         } else if (event->type() == QEvent::FocusOut) {
             const auto reason = static_cast<QFocusEvent*>(event)->reason();
             const QWidget* next = QApplication::focusWidget();
-            const QString mask = displayMasks().value(field->objectName());
-            if (!mask.isEmpty() && !field->text().isEmpty())
-                field->setText(fieldrules::poeMascara(mask, field->text()));
             // Leaving for a button, for another window or by a refusal's own focus change is not
             // leaving the field: Ok checks the field itself, Fechar and Cancelar drop it.
             const bool toButton = next == m_ok || next == m_cancelar || next == m_fechar;
@@ -441,13 +432,6 @@ bool RegisterForm::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void RegisterForm::fieldEntered(QLineEdit* field) {
-    m_lastField = field;
-    const QString mask = displayMasks().value(field->objectName());
-    if (!mask.isEmpty())
-        field->setText(fieldrules::tiraMascara(mask, field->text()).trimmed());
-}
-
 bool RegisterForm::leaveCheck(QWidget* widget, bool onOk) {
     auto* field = qobject_cast<QLineEdit*>(widget);
     if (!field)
@@ -455,7 +439,7 @@ bool RegisterForm::leaveCheck(QWidget* widget, bool onOk) {
     const QString name = field->objectName();
     const QString mask = displayMasks().value(name);
     const QString text =
-        mask.isEmpty() ? field->text() : fieldrules::tiraMascara(mask, field->text()).trimmed();
+        mask.isEmpty() ? field->text() : rules::tiraMascara(field->text(), mask).trimmed();
 
     std::optional<Refusal> refusal;
     bool focusBack = true;
@@ -467,7 +451,7 @@ bool RegisterForm::leaveCheck(QWidget* widget, bool onOk) {
         const bool start = name == QLatin1String("mskACADST");
         const QString what = start ? QStringLiteral("da Data de Início das Atividades no Local")
                                    : QStringLiteral("da Data de Levantamento");
-        if (digitsOnly(field->text()).isEmpty()) {
+        if (ui::clipText(field).isEmpty()) {
             critical(QStringLiteral("Preenchimento Obrigatório ") + what);
             focusBack = false;
         } else if (!QDate::fromString(field->text(), rules::kShortDateFormat).isValid()) {
@@ -484,28 +468,16 @@ bool RegisterForm::leaveCheck(QWidget* widget, bool onOk) {
                 critical(latitude ? QStringLiteral("Preenchimento da Latitude Incorreto")
                                   : QStringLiteral("Preenchimento da Longitude Incorreto"));
         }
-    } else if (name == QLatin1String("txtndddemprs")) {
-        if (!text.isEmpty() && text.size() < 2)
-            critical(QStringLiteral("Preenchimento Incorreto do DDD."));
-        else if (!text.isEmpty())
-            field->setText(QStringLiteral("%1").arg(text.toInt(), 3, 10, QLatin1Char('0')));
-    } else if (name == QLatin1String("txtntelfnemprs")) {
-        if (!text.isEmpty() && text.size() < 7)
-            critical(QStringLiteral("Preenchimento Incorreto do Telefone"));
-    } else if (name == QLatin1String("txtNFAX")) {
-        if (!text.isEmpty() && text.size() < 7)
-            critical(QStringLiteral("Preenchimento Incorreto do FAX"));
     } else if (name == QLatin1String("txtNINSCRESTDL")) {
-        if (!text.trimmed().isEmpty() && text.toDouble() == 0)
+        if (!text.trimmed().isEmpty() && rules::val(text) == 0)
             refusal = Refusal{name, QStringLiteral("Preenchimento Incorreto da Inscrição Estadual"),
                               ui::Icon::Information, ui::kTitle};
-    } else if (name == QLatin1String("txtCCEP")) {
-        if (text.isEmpty()) {
-            critical(QStringLiteral("Preenchimento Obrigatório do CEP."));
-            focusBack = false;
-        } else if (text.size() != 8) {
-            critical(QStringLiteral("Preenchimento Incorreto do CEP"));
-        }
+    } else if (onOk && name == QLatin1String("txtndddemprs")) {
+        // Ok is pressed without leaving the field: the address block has not checked it yet.
+        if (rules::dddIncorreto(text))
+            critical(QStringLiteral("Preenchimento Incorreto do DDD."));
+        else
+            field->setText(rules::formataDdd(text));
     }
     // At Ok an empty field is left to the checks of Ok, which word it in their own order.
     if (!refusal || (onOk && !focusBack))
@@ -516,26 +488,6 @@ bool RegisterForm::leaveCheck(QWidget* widget, bool onOk) {
         field->setFocus();
     m_inLeaveCheck = false;
     return !focusBack;
-}
-
-void RegisterForm::municipalityChosen() {
-    const QString cep = fields().cep;
-    if (cep.isEmpty())
-        return;
-    const int nmuncp = m_municipio->currentData().toInt();
-    m_texts.value(QStringLiteral("txtnMuncp"))->setText(QString::number(nmuncp));
-    fieldrules::CepCheck check;
-    if (!ui::runGuarded([&] { check = fieldrules::consscep(m_db, cep, nmuncp); }))
-        return;
-    m_inLeaveCheck = true;
-    if (!check.message.isEmpty()) {
-        ui::dialogs().message(ui::kTitle, QStringLiteral("CEP Inválido para o Município"),
-                              ui::Icon::None);
-        m_texts.value(QStringLiteral("txtCCEP"))->setFocus();
-    } else {
-        m_texts.value(QStringLiteral("txtndddemprs"))->setFocus();
-    }
-    m_inLeaveCheck = false;
 }
 
 void RegisterForm::refuse(const Refusal& refusal) {
@@ -549,7 +501,8 @@ void RegisterForm::refuse(const Refusal& refusal) {
 }
 
 void RegisterForm::ok() {
-    // The field that had the focus is left now: its own check comes first.
+    // The buttons take no focus from a click, so the field being typed in is left only now:
+    // its own check comes first.
     if (m_lastField && !leaveCheck(m_lastField, true))
         return;
     const RegisterFields f = fields();

@@ -13,6 +13,10 @@ class QPushButton;
 class QRadioButton;
 
 namespace ui {
+class AddressBlock;
+}
+
+namespace ui {
 struct Session;
 }
 
@@ -39,11 +43,9 @@ private:
     void build();
     void setFields(const RegisterFields& f);
     void checkChanged();
-    void fieldEntered(QLineEdit* field);
     // The check of a field on leaving it; false (after its message) when it refused the text
     // and took the focus back.
     bool leaveCheck(QWidget* field, bool onOk);
-    void municipalityChosen();
     void refuse(const Refusal& refusal);
 
     void ok();
@@ -56,6 +58,7 @@ private:
     QHash<QString, QLineEdit*> m_texts;
     QComboBox* m_municipio = nullptr;
     QLineEdit* m_municipioFixo = nullptr; // picDMUNCP
+    ui::AddressBlock* m_address = nullptr;
     QPushButton* m_ok = nullptr;
     QPushButton* m_cancelar = nullptr;
     QPushButton* m_fechar = nullptr;

@@ -1,10 +1,13 @@
 #include "establishment/RegisterRecord.h"
 
-#include "establishment/FieldRules.h"
+#include "rules/Address.h"
+#include "rules/CheckDigits.h"
+#include "rules/Filters.h"
 #include "rules/Formats.h"
 #include "store/Database.h"
 #include "store/Failure.h"
 #include "store/SqlValues.h"
+#include "ui/AddressBlock.h"
 #include "ui/Session.h"
 
 #include <QSqlQuery>
@@ -19,11 +22,6 @@ bool blank(const QString& text) {
 
 Refusal refuse(const char* field, const QString& message, ui::Icon icon = ui::Icon::Critical) {
     return Refusal{QString::fromLatin1(field), message, icon, ui::kTitle};
-}
-
-// The runtime's number of a text, for "its numeric value 0".
-double numericValue(const QString& text) {
-    return text.trimmed().toDouble();
 }
 
 // A number column: the digits as a number, or Null when empty. A text that is not all digits
@@ -134,14 +132,14 @@ CheckResult consistirDados(store::Database& db, const RegisterFields& f, const C
     if (!blank(f.municipio)) {
         if (!changing)
             nmuncp = f.municipioCodigo;
-        const fieldrules::CepCheck cep = fieldrules::consscep(db, f.cep.trimmed(), nmuncp);
+        const rules::CepCheck cep = ui::consscep(db, f.cep.trimmed(), nmuncp);
         if (!cep.message.isEmpty())
             return fail(
                 refuse("txtCCEP", QStringLiteral("CEP Inválido para o Município"), ui::Icon::None));
         regional = cep.regional;
     }
     // The register's number block is checked against the regional in both modes.
-    if (fieldrules::consistecep100(f.nmuncpText, f.nseqncText, regional) == QLatin1String("sim"))
+    if (rules::consistecep100(f.nmuncpText, f.nseqncText, regional) == QLatin1String("sim"))
         return fail(refuse("txtCCEP", QStringLiteral("CEP Inválido - Não pertence a Regional "),
                            ui::Icon::None));
 
@@ -163,10 +161,10 @@ CheckResult consistirDados(store::Database& db, const RegisterFields& f, const C
         if (blank(f.cnpj))
             return fail(
                 refuse("txtcCnpj", QStringLiteral("Preenchimento Obrigatório do campo CNPJ")));
-        if (numericValue(f.cnpj) == 0)
+        if (rules::val(f.cnpj) == 0)
             return fail(refuse("txtcCnpj", QStringLiteral("Preenchimento Inválido do campo CNPJ")));
     }
-    if (!blank(f.cnpj) && !fieldrules::validaCGCCPF(f.cnpj.trimmed()))
+    if (!blank(f.cnpj) && !rules::validaCgcCpf(f.cnpj.trimmed()))
         return fail(
             refuse("txtcCnpj", QStringLiteral("Preenchimento Incorreto do código de CNPJ")));
 
@@ -180,12 +178,12 @@ CheckResult consistirDados(store::Database& db, const RegisterFields& f, const C
 
     const QString anp = f.anp;
     if (!(c.objective == ui::Session::LicencaFuncionamento && blank(anp))) {
-        if (fieldrules::isNumeric(anp.mid(0, 2)) && !anp.isEmpty())
+        if (rules::isNumeric(anp.mid(0, 2)) && !anp.isEmpty())
             return fail(refuse("txtNANP",
                                QStringLiteral("Os dois primeiros dígitos do Registro ANP devem ser "
                                               "siglas de UF"),
                                ui::Icon::Information));
-        if (!fieldrules::isNumeric(anp.mid(2, 9)) && !anp.isEmpty())
+        if (!rules::isNumeric(anp.mid(2, 9)) && !anp.isEmpty())
             return fail(
                 refuse("txtNANP", QStringLiteral("Preenchimento Incorreto do Registro ANP")));
     }
@@ -357,15 +355,6 @@ void alterarRegistro(store::Database& db, const RegisterFields& fields,
     alterarPosto(db, fields, key);
     marcarParaExportar(db, key);
     transaction.commit();
-}
-
-QList<std::pair<int, QString>> municipalities(store::Database& db) {
-    QList<std::pair<int, QString>> list;
-    QSqlQuery q = db.run(
-        QStringLiteral("SELECT NMUNCP, DMUNCP FROM MUNCP WHERE NMUNCP >= 100 ORDER BY DMUNCP"));
-    while (q.next())
-        list.append({q.value(0).toInt(), q.value(1).toString()});
-    return list;
 }
 
 } // namespace establishment

@@ -102,7 +102,4 @@ store::RegisterKey incluirRegistro(store::Database& db, const RegisterFields& fi
 void alterarRegistro(store::Database& db, const RegisterFields& fields,
                      const store::RegisterKey& key);
 
-// The municipalities of the state, for the register form's combo: NMUNCP and DMUNCP by name.
-QList<std::pair<int, QString>> municipalities(store::Database& db);
-
 } // namespace establishment

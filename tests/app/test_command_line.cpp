@@ -54,6 +54,22 @@ private slots:
         QVERIFY(run.out.contains(QStringLiteral("DICNRMONTRAMBNT")));
     }
 
+    void demoRegisterIsCreatedAndListed() {
+        testsupport::TestEnvironment env;
+        const QString path = env.path(QStringLiteral("demo.db"));
+        const QStringList args = {QStringLiteral("demo-register"), QStringLiteral("--database"),
+                                  path};
+        QCOMPARE(vor(args).exitCode, 0);
+        const Run run = vor(args);
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(run.out.contains(QStringLiteral("VOR 1010002 incluído.")));
+        QVERIFY(run.out.contains(QStringLiteral("1010001  AUTO POSTO BOA VIAGEM LTDA")));
+        store::Database db(path);
+        QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM TB_POSTO")).toInt(), 2);
+        QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM EMPRS WHERE CSITU = 1")).toInt(),
+                 2);
+    }
+
     void refusalsGoToStandardErrorWithNonZeroStatus() {
         Run run = vor({QStringLiteral("init")});
         QVERIFY(run.exitCode != 0);

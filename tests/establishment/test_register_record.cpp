@@ -60,7 +60,6 @@ private slots:
 
         const int critical = int(ui::Icon::Critical);
         const int plain = int(ui::Icon::None);
-        const QString incluir = ui::kIncluir;
         const auto row = [&](const char* name, QStringList edits, const char* message,
                              const char* field, int icon = int(ui::Icon::Critical),
                              int objective = 0, const QString& operation = ui::kIncluir) {
@@ -129,7 +128,6 @@ private slots:
         row("registration needs the start date", {"inicioAtividades="},
             "Preenchimento Obrigatório da Data de Início das Atividades no Local.", "mskACADST",
             critical, 0);
-        Q_UNUSED(incluir);
     }
 
     void checksOfOk() {

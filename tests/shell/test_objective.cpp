@@ -68,7 +68,8 @@ private slots:
         ui::Session session;
         shell::ObjectiveDialog dialog(db, session);
 
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Selecione o objetivo para este preenchimento"));
+        QCOMPARE(dialog.windowTitle(),
+                 QStringLiteral("Selecione o objetivo para este preenchimento"));
         QVERIFY(option(&dialog, 0)->isEnabled());
         for (int i = 1; i < 5; ++i)
             QVERIFY(!option(&dialog, i)->isEnabled());

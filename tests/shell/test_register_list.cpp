@@ -290,7 +290,8 @@ private slots:
         QTest::mouseDClick(t.grid()->viewport(), Qt::LeftButton, {}, cell);
         form = qobject_cast<establishment::RegisterForm*>(t.screen());
         QVERIFY(form);
-        QCOMPARE(form->windowTitle(), QStringLiteral("Caderno Vorel de Empreendimento - Alteração"));
+        QCOMPARE(form->windowTitle(),
+                 QStringLiteral("Caderno Vorel de Empreendimento - Alteração"));
         QCOMPARE(child<QLineEdit>(form, "txtDRAZAOSOCIL")->text(), f.razaoSocial);
         set("txtDFANTS", QStringLiteral("NOVO NOME"));
         QTest::mouseClick(child<QPushButton>(form, "cmkOk"), Qt::LeftButton);

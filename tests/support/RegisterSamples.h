@@ -51,11 +51,15 @@ inline void insertSatellites(store::Database& db, const store::RegisterKey& key)
     const QVariantList k = {key.nmuncp, key.nseqnc};
     db.run(QStringLiteral("INSERT INTO TB_POSTORESPN (NMUNCP, NSEQNC, DRESPN) VALUES (?, ?, 'A')"),
            k);
-    db.run(QStringLiteral("INSERT INTO TB_POSTOTANQU (NMUNCP, NSEQNC, ITANQU, NTANQU) VALUES (?, ?, 'S', 1)"), k);
     db.run(QStringLiteral(
-               "INSERT INTO TB_POSTOTANQUCOMPR (NMUNCP, NSEQNC, ITANQU, NTANQU, NCOMPR) VALUES (?, ?, 'S', 1, 1)"),
+               "INSERT INTO TB_POSTOTANQU (NMUNCP, NSEQNC, ITANQU, NTANQU) VALUES (?, ?, 'S', 1)"),
            k);
-    db.run(QStringLiteral("INSERT INTO TB_POSTOBOMBA (NMUNCP, NSEQNC, ITANQU, NBOMBA) VALUES (?, ?, 'S', 1)"), k);
+    db.run(QStringLiteral("INSERT INTO TB_POSTOTANQUCOMPR (NMUNCP, NSEQNC, ITANQU, NTANQU, NCOMPR) "
+                          "VALUES (?, ?, 'S', 1, 1)"),
+           k);
+    db.run(QStringLiteral(
+               "INSERT INTO TB_POSTOBOMBA (NMUNCP, NSEQNC, ITANQU, NBOMBA) VALUES (?, ?, 'S', 1)"),
+           k);
     db.run(QStringLiteral("INSERT INTO SUGESTOES (NMUNCP, NSEQNC) VALUES (?, ?)"), k);
 }
 
@@ -76,8 +80,8 @@ inline qlonglong registerRows(store::Database& db, const store::RegisterKey& key
 template <typename T = QWidget> T* child(QWidget* parent, const char* name) {
     T* widget = parent->findChild<T*>(QString::fromLatin1(name));
     if (!widget)
-        QTest::qFail(qPrintable(QStringLiteral("no widget ") + QString::fromLatin1(name)),
-                     __FILE__, __LINE__);
+        QTest::qFail(qPrintable(QStringLiteral("no widget ") + QString::fromLatin1(name)), __FILE__,
+                     __LINE__);
     return widget;
 }
 
