@@ -6,9 +6,11 @@
 #include "establishment/RegisterRecord.h"
 #include "exchange/ExportFailure.h"
 #include "exchange/Exporter.h"
+#include "fuel/FuelScreens.h"
 #include "rules/Formats.h"
 #include "shell/MainWindow.h"
 #include "shell/Objective.h"
+#include "shell/QuestionnaireFrame.h"
 #include "shell/RegisterListData.h"
 #include "shell/StartupChecks.h"
 #include "store/Database.h"
@@ -219,6 +221,10 @@ int runDesktop(int argc, char* argv[]) {
         canGoOn = false;
     if (!canGoOn)
         return 1;
+
+    // The screens of the questionnaire's chain, each area its own.
+    shell::registerScreens();
+    fuel::registerScreens();
 
     shell::MainWindow window(*db);
     window.show();

@@ -1,6 +1,11 @@
 #include "shell/Hooks.h"
 
+#include "shell/ExportPanel.h"
+#include "shell/MainWindow.h"
+#include "shell/PrintChooser.h"
 #include "ui/Dialogs.h"
+#include "ui/PrintMemorial.h"
+#include "ui/ScreenHost.h"
 
 #include <QDesktopServices>
 
@@ -12,23 +17,30 @@ Hooks::MainEntry notAvailableEntry(const QString& function) {
     return [function](MainWindow&, ui::Session&) { reportNotAvailable(function); };
 }
 
-Hooks::ListAction notAvailableAction(const QString& function) {
-    return [function](QuestionnaireFrame&, ui::Session&, const store::RegisterKey&) {
-        reportNotAvailable(function);
-    };
-}
-
 Hooks firstHooks() {
     Hooks h;
-    h.generateDiskette = notAvailableEntry(QStringLiteral("A Geração do Disquete"));
-    h.printMemorial = notAvailableEntry(QStringLiteral("A Impressão do Memorial"));
-    h.agencies = notAvailableEntry(QStringLiteral("A lista de Agências Ambientais"));
-    h.suggestions = notAvailableEntry(QStringLiteral("O envio de Sugestões"));
+    h.generateDiskette = [](MainWindow& window, ui::Session&) {
+        window.chooseRegister(RegisterChooser::Purpose::Export);
+    };
+    h.printMemorial = [](MainWindow& window, ui::Session&) {
+        printFromMainScreen(window.database(), &window);
+    };
+    h.agencies = [](MainWindow& window, ui::Session&) { window.openAgencies(); };
+    h.suggestions = [](MainWindow& window, ui::Session&) {
+        window.chooseRegister(RegisterChooser::Purpose::Suggestions);
+    };
     h.importMemorial = notAvailableEntry(QStringLiteral("A Importação do Memorial"));
-    h.exportRegister = notAvailableAction(QStringLiteral("A Exportação"));
-    h.printRegister = notAvailableAction(QStringLiteral("A Impressão"));
-    h.continueChain = [](QuestionnaireFrame&, ui::Session&) {
-        reportNotAvailable(QStringLiteral("O preenchimento das telas seguintes do memorial"));
+    h.exportRegister = [](QuestionnaireFrame& frame, ui::Session&, const store::RegisterKey& key) {
+        const std::optional<QString> directory =
+            ui::chooseExportDirectory(&frame, lastExportDirectory());
+        if (directory && ui::confirmExportTo(*directory))
+            exportRegister(frame.database(), key, *directory);
+    };
+    h.printRegister = [](QuestionnaireFrame& frame, ui::Session&, const store::RegisterKey& key) {
+        ui::printMemorial(frame.database(), key, ui::PrintDestination::Printer, &frame);
+    };
+    h.continueChain = [](QuestionnaireFrame& frame, ui::Session&) {
+        ui::showNext(frame, {QStringLiteral("frmVOR")});
     };
     h.openUrl = [](const QUrl& url) { return QDesktopServices::openUrl(url); };
     return h;

@@ -1,5 +1,9 @@
 #include "shell/MainWindow.h"
 
+#include "shell/AgenciesPanel.h"
+#include "shell/ExportPanel.h"
+#include "shell/SuggestionsPanel.h"
+
 #include "shell/Hooks.h"
 #include "shell/ObjectiveDialog.h"
 #include "shell/QuestionnaireFrame.h"
@@ -45,12 +49,6 @@ QLabel* paragraph(QWidget* parent, const char* name, const QString& text) {
     label->setWordWrap(true);
     label->setTextFormat(Qt::PlainText);
     return label;
-}
-
-QPushButton* telaPrincipal(QWidget* parent, const char* name) {
-    auto* button = new QPushButton(QStringLiteral("Tela Principal"), parent);
-    button->setObjectName(QString::fromLatin1(name));
-    return button;
 }
 
 } // namespace
@@ -250,102 +248,51 @@ void MainWindow::build() {
 }
 
 QWidget* MainWindow::buildPanel(Panel which) {
-    QPushButton* back = nullptr;
-    QWidget* panel = nullptr;
     switch (which) {
     case Panel::Agencies: {
-        panel = new QWidget(m_pages);
-        panel->setObjectName(QStringLiteral("PnAviso_0"));
-        auto* layout = new QVBoxLayout(panel);
-        layout->addWidget(
-            paragraph(panel, "Label4", QStringLiteral("Agências Ambientais da ZANTOR :")));
-        auto* grid = new QTableWidget(panel);
-        grid->setObjectName(QStringLiteral("fgr1"));
-        grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-        layout->addWidget(grid, 1);
-        back = telaPrincipal(panel, "Command1");
-        layout->addWidget(back, 0, Qt::AlignRight);
-        break;
+        auto* panel = new AgenciesPanel(m_db, m_pages);
+        connect(panel, &AgenciesPanel::backToMainScreen, this, &MainWindow::showText);
+        return panel;
     }
     case Panel::Suggestions: {
-        panel = new QWidget(m_pages);
-        panel->setObjectName(QStringLiteral("PnAviso_1"));
-        auto* layout = new QVBoxLayout(panel);
-        layout->addWidget(
-            paragraph(panel, "Label1",
-                      QStringLiteral("Este espaço é reservado para seu(s) comentário(s) sobre a "
-                                     "aplicabilidade e eficiência deste sistema. Contamos com sua "
-                                     "colaboração!")));
-        auto* text = new QPlainTextEdit(panel);
-        text->setObjectName(QStringLiteral("Text1"));
-        layout->addWidget(text, 1);
-        auto* buttons = new QHBoxLayout;
-        auto* insere = new QPushButton(QStringLiteral("Gravar"), panel);
-        insere->setObjectName(QStringLiteral("cmdInsere"));
-        auto* excluir = new QPushButton(QStringLiteral("Excluir/Limpar"), panel);
-        excluir->setObjectName(QStringLiteral("cmdExcluir"));
-        back = telaPrincipal(panel, "cmdTelaPrincipal");
-        buttons->addStretch();
-        buttons->addWidget(insere);
-        buttons->addWidget(excluir);
-        buttons->addWidget(back);
-        layout->addLayout(buttons);
-        break;
+        auto* panel = new SuggestionsPanel(m_db, m_pages);
+        connect(panel, &SuggestionsPanel::backToMainScreen, this, &MainWindow::showText);
+        return panel;
     }
     case Panel::Chooser: {
-        auto* frame = new QGroupBox(m_pages);
-        frame->setObjectName(QStringLiteral("Frame1"));
-        panel = frame;
-        auto* layout = new QVBoxLayout(frame);
-        layout->addWidget(
-            paragraph(frame, "lblSelecioneVOR", QStringLiteral("Selecione o VOR a ser exportado")));
-        auto* grid = new QTableWidget(frame);
-        grid->setObjectName(QStringLiteral("fgrVOR"));
-        grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-        grid->setSelectionBehavior(QAbstractItemView::SelectRows);
-        layout->addWidget(grid, 1);
-        auto* buttons = new QHBoxLayout;
-        auto* goOn = new QPushButton(QStringLiteral("Continuar"), frame);
-        goOn->setObjectName(QStringLiteral("Command2"));
-        goOn->setEnabled(false);
-        back = telaPrincipal(frame, "Command4");
-        buttons->addStretch();
-        buttons->addWidget(goOn);
-        buttons->addWidget(back);
-        layout->addLayout(buttons);
-        break;
+        auto* panel = new RegisterChooser(m_db, m_pages);
+        connect(panel, &RegisterChooser::backToMainScreen, this, &MainWindow::showText);
+        connect(
+            panel, &RegisterChooser::chosen, this,
+            [this](RegisterChooser::Purpose purpose, store::RegisterKey key) {
+                if (purpose == RegisterChooser::Purpose::Export) {
+                    static_cast<ExportPanel*>(this->panel(Panel::Export))->openFor(key);
+                    showPanel(Panel::Export);
+                } else {
+                    static_cast<SuggestionsPanel*>(this->panel(Panel::Suggestions))->openFor(key);
+                    showPanel(Panel::Suggestions);
+                }
+            });
+        return panel;
     }
     case Panel::Export: {
-        panel = new QWidget(m_pages);
-        panel->setObjectName(QStringLiteral("Picture6"));
-        auto* layout = new QVBoxLayout(panel);
-        layout->addWidget(paragraph(panel, "Label10", QStringLiteral("Exportação de Dados")));
-        auto* dir = new QLineEdit(panel);
-        dir->setObjectName(QStringLiteral("Dir1"));
-        layout->addWidget(dir);
-        auto* files = new QListWidget(panel);
-        files->setObjectName(QStringLiteral("File1"));
-        layout->addWidget(files, 1);
-        auto* bar = new QProgressBar(panel);
-        bar->setObjectName(QStringLiteral("pBar1"));
-        layout->addWidget(bar);
-        auto* wait = paragraph(panel, "lblAvisoExportacao",
-                               QStringLiteral("Aguarde enquanto os dados são exportados..."));
-        wait->hide();
-        layout->addWidget(wait);
-        auto* buttons = new QHBoxLayout;
-        auto* exportar = new QPushButton(QStringLiteral("Exportar"), panel);
-        exportar->setObjectName(QStringLiteral("cmdExportar"));
-        back = telaPrincipal(panel, "Command3");
-        buttons->addStretch();
-        buttons->addWidget(exportar);
-        buttons->addWidget(back);
-        layout->addLayout(buttons);
-        break;
+        auto* panel = new ExportPanel(m_db, m_pages);
+        connect(panel, &ExportPanel::backToMainScreen, this, &MainWindow::showText);
+        return panel;
     }
     }
-    connect(back, &QPushButton::clicked, this, &MainWindow::showText);
-    return panel;
+    return nullptr;
+}
+
+void MainWindow::chooseRegister(RegisterChooser::Purpose purpose) {
+    auto* chooser = static_cast<RegisterChooser*>(panel(Panel::Chooser));
+    if (chooser->open(purpose))
+        showPanel(Panel::Chooser);
+}
+
+void MainWindow::openAgencies() {
+    static_cast<AgenciesPanel*>(panel(Panel::Agencies))->open();
+    showPanel(Panel::Agencies);
 }
 
 QWidget* MainWindow::panel(Panel which) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/QuestionnaireFrame.h"
+#include "shell/RegisterChooser.h"
 #include "ui/Session.h"
 
 #include <QMainWindow>
@@ -36,6 +37,11 @@ public:
     QWidget* panel(Panel which) const;
     void showPanel(Panel which);
     void showText();
+
+    // Frame1 for the diskette or the suggestions; nothing when there is no register.
+    void chooseRegister(RegisterChooser::Purpose purpose);
+    // PnAviso(0) with the regional agencies.
+    void openAgencies();
 
     // The questionnaire frame while it is open.
     QuestionnaireFrame* questionnaire() const { return m_frame; }

@@ -72,6 +72,18 @@ void QuestionnaireFrame::closeTop() {
     updateTitle();
 }
 
+void QuestionnaireFrame::leaveQuestionnaire() {
+    close();
+}
+
+void registerScreens() {
+    ui::ScreenRegistry::instance().add(
+        QStringLiteral("frmVOR"), [](ui::ScreenHost& host, const ui::Sequence::Place&) -> QWidget* {
+            auto* frame = dynamic_cast<QuestionnaireFrame*>(&host);
+            return frame ? new RegisterList(*frame) : nullptr;
+        });
+}
+
 QWidget* QuestionnaireFrame::currentScreen() const {
     return m_stack->currentWidget();
 }

@@ -49,14 +49,13 @@ QWidget* showPlace(ScreenHost& host, const Sequence::Place& place) {
 
 QWidget* showNext(ScreenHost& host, const Sequence::Place& from) {
     const ScreenRegistry& registry = ScreenRegistry::instance();
-    return showPlace(host,
-                     Sequence::next(from, host.session().objective(), registry.isBuilt()));
+    return showPlace(host, Sequence::next(from, host.session().objective(), registry.isBuilt()));
 }
 
 QWidget* showPrevious(ScreenHost& host, const Sequence::Place& from) {
     const ScreenRegistry& registry = ScreenRegistry::instance();
-    return showPlace(
-        host, Sequence::previous(from, host.session().objective(), registry.isBuilt()));
+    return showPlace(host,
+                     Sequence::previous(from, host.session().objective(), registry.isBuilt()));
 }
 
 } // namespace ui

@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStackedWidget>
 #include <QTest>
 #include <QTimer>
 
@@ -122,17 +123,36 @@ private slots:
         QCOMPARE(t.calls.last(), QStringLiteral("manual"));
     }
 
-    void entriesToComeSayTheyAreNotAvailable() {
+    void entriesOpenTheirPanelsOrSayThereIsNoRegister() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
         testsupport::ScriptedDialogs dialogs;
         shell::resetHooks();
         shell::MainWindow window(db);
-        for (const char* name : {"lblGerco", "lblImprimir", "lblAgenc", "lblSugestoes"})
+        window.resize(1024, 740);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        auto* pages = window.findChild<QStackedWidget*>();
+        QWidget* text = pages->currentWidget();
+        for (const char* name : {"lblGerco", "lblImprimir", "lblSugestoes"})
             QTest::mouseClick(entry(&window, QString::fromLatin1(name)), Qt::LeftButton);
-        QCOMPARE(dialogs.shown().size(), 4);
-        for (const QString& text : dialogs.texts())
-            QVERIFY2(text.contains(QStringLiteral("ainda não está disponível")), qPrintable(text));
+        QCOMPARE(dialogs.texts(), QStringList(3, QStringLiteral("É necessário cadastrar o VOR")));
+        QCOMPARE(pages->currentWidget(), text);
+
+        QTest::mouseClick(entry(&window, "lblAgenc"), Qt::LeftButton);
+        QCoreApplication::processEvents(); // lays the panel out
+        testsupport::saveScreenshot(window, QStringLiteral("main-agencies"));
+        QCOMPARE(pages->currentWidget()->objectName(), QStringLiteral("PnAviso(0)"));
+        auto* back = pages->currentWidget()->findChild<QPushButton*>("Command1");
+        QVERIFY(back && back->isVisible());
+        QTest::mouseClick(back, Qt::LeftButton);
+        QCOMPARE(pages->currentWidget(), text);
+
+        db.run(QStringLiteral("INSERT INTO EMPRS (NMUNCP, NSEQNC, DRAZAOSOCIL, CCGC, ACADST, "
+                              "CSITU) VALUES (101, 1, 'ALFA', 191, '1999-04-20', 1)"));
+        QTest::mouseClick(entry(&window, "lblGerco"), Qt::LeftButton);
+        QCOMPARE(pages->currentWidget()->objectName(), QStringLiteral("Frame1"));
+        QCOMPARE(dialogs.shown().size(), 3);
     }
 
     void importNeedsTheAccessCode_data() {

@@ -6,6 +6,7 @@
 #include "support/RegisterSamples.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
+#include "ui/ScreenHost.h"
 #include "ui/Session.h"
 
 #include <QComboBox>
@@ -176,16 +177,25 @@ private slots:
         QCOMPARE(t.session.linhaLista, 2);
     }
 
-    void functionsToComeSayTheyAreNotAvailable() {
+    void printingAsksFirstAndContinuarGoesOnToTheNextBuiltScreen() {
         FrameUnderTest t;
         addRegister(t.db, 101, 1, QStringLiteral("ALFA"), 1, 1);
+        // A stand-in for the first screen of the chain after the list that this library knows.
+        ui::ScreenRegistry::instance().add(
+            QStringLiteral("frmPostoRespnContt"), [](ui::ScreenHost&, const ui::Sequence::Place&) {
+                auto* screen = new QWidget;
+                screen->setObjectName(QStringLiteral("frmPostoRespnContt"));
+                return screen;
+            });
         t.open();
-        t.click("cmdExprt");
+        t.dialogs.answer(false);
         t.click("cmdImprm");
+        QCOMPARE(t.dialogs.texts(), QStringList{"Confirma a Impressão do Memorial?"});
+        QCOMPARE(t.screen()->objectName(), QStringLiteral("frmVOR"));
         t.click("cmdContinuar");
-        QCOMPARE(t.dialogs.shown().size(), 3);
-        for (const QString& text : t.dialogs.texts())
-            QVERIFY2(text.contains(QStringLiteral("ainda não está disponível")), qPrintable(text));
+        QCoreApplication::processEvents();
+        QCOMPARE(t.screen()->objectName(), QStringLiteral("frmPostoRespnContt"));
+        QCOMPARE(t.session.razaoSocial, QStringLiteral("ALFA"));
     }
 
     void deleteRemovesTheWholeRegisterOnlyWhenConfirmed() {
