@@ -1,14 +1,23 @@
 // The suggestions and agencies panels of the main screen, through their widgets.
 #include "shell/AgenciesPanel.h"
+#include "shell/ExportPanel.h"
+#include "shell/PrintChooser.h"
 #include "shell/RegisterChooser.h"
 #include "shell/SuggestionsPanel.h"
 #include "store/Database.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
 
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -164,6 +173,57 @@ private slots:
         grid->selectRow(1);
         child<QPushButton>(chooser, "Command2")->click();
         QCOMPARE(chosenKey, (store::RegisterKey{105, 1}));
+    }
+
+    void exportPanelWritesTheChosenRegisterIntoItsFolder() {
+        testsupport::TestEnvironment env;
+        testsupport::ScriptedDialogs dialogs;
+        store::Database db(env.newDatabasePath());
+        db.run(QStringLiteral("INSERT INTO EMPRS (NMUNCP, NSEQNC, DRAZAOSOCIL, CCGC, CSITU) "
+                              "VALUES (100, 1, 'POSTO A', 11222333000181, 1)"));
+        QTemporaryDir target;
+        QFile old(QDir(target.path()).filePath(QStringLiteral("ANTIGO.TXT")));
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        old.close();
+
+        shell::ExportPanel panel(db);
+        panel.openFor({100, 1});
+        panel.setDirectory(target.path());
+        auto* files = child<QListWidget>(panel, "File1");
+        QCOMPARE(files->count(), 1);
+
+        dialogs.answer(false); // no mail
+        child<QPushButton>(panel, "cmdExportar")->click();
+        QCOMPARE(dialogs.texts(), QStringList{"Exportação Concluída. Enviar por e-mail?"});
+        QVERIFY(QFile::exists(
+            QDir(target.path()).filePath(QStringLiteral("REUNIDO_11222333000181.TXT"))));
+        QCOMPARE(files->count(), 2); // the folder's list shows the new file
+        QCOMPARE(child<QProgressBar>(panel, "pBar1")->value(), 0);
+        QVERIFY(child<QLabel>(panel, "lblAvisoExportacao")->isHidden());
+        QCOMPARE(db.scalar(QStringLiteral("SELECT CSITU FROM EMPRS")).toInt(), 2);
+        QCOMPARE(shell::lastExportDirectory(), target.path());
+        panel.resize(640, 420);
+        testsupport::saveScreenshot(panel, QStringLiteral("export-panel"));
+    }
+
+    void printChooserListsRegistersByName() {
+        testsupport::TestEnvironment env;
+        testsupport::ScriptedDialogs dialogs;
+        store::Database db(env.newDatabasePath());
+        shell::PrintChooser chooser(db);
+        QVERIFY(!chooser.load());
+        QCOMPARE(dialogs.texts(), QStringList{"É necessário cadastrar o VOR"});
+
+        addRegister(db, 100, 2, QStringLiteral("POSTO B"));
+        addRegister(db, 105, 1, QStringLiteral("POSTO A"));
+        QVERIFY(chooser.load());
+        auto* grid = child<QTableWidget>(chooser, "fgrVORi");
+        QCOMPARE(grid->rowCount(), 2);
+        QCOMPARE(grid->item(0, 0)->text(), QStringLiteral("POSTO A"));
+        QCOMPARE(chooser.selectedKey(), (store::RegisterKey{105, 1}));
+        grid->selectRow(1);
+        QCOMPARE(chooser.selectedKey(), (store::RegisterKey{100, 2}));
+        testsupport::saveScreenshot(chooser, QStringLiteral("print-chooser"));
     }
 
     void agenciesListHeadOfficeFirstAndLeaveOutInternalUnits() {
