@@ -29,6 +29,9 @@ struct MailSettings {
     QString password;
     QString sender; // the From address; empty: the login name
 
+    // A server and the agency's mailbox: enough to try a send.
+    bool isComplete() const { return !host.trimmed().isEmpty() && !recipient.trimmed().isEmpty(); }
+
     static MailSettings load(QSettings& settings);
     void save(QSettings& settings) const;
     static MailSettings load(); // the program's own settings

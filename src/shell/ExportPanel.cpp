@@ -1,5 +1,6 @@
 #include "shell/ExportPanel.h"
 
+#include "ui/MailSettingsDialog.h"
 #include "ui/PrintMemorial.h"
 
 #include <QDir>
@@ -73,7 +74,11 @@ ExportPanel::ExportPanel(store::Database& db, QWidget* parent)
     folder->addWidget(new QLabel(QStringLiteral("Pasta de destino:"), this));
     folder->addWidget(m_directory, 1);
     folder->addWidget(browse);
+    // The mail server and the agency's mailbox, asked at the first send, can be changed here.
+    auto* mail = new QPushButton(QStringLiteral("Correio eletrônico..."), this);
+    mail->setObjectName(QStringLiteral("cmdCorreio"));
     auto* buttons = new QHBoxLayout;
+    buttons->addWidget(mail);
     buttons->addStretch();
     buttons->addWidget(m_export);
     buttons->addWidget(m_back);
@@ -89,6 +94,7 @@ ExportPanel::ExportPanel(store::Database& db, QWidget* parent)
     connect(m_directory, &QLineEdit::editingFinished, this, &ExportPanel::listFiles);
     connect(m_export, &QPushButton::clicked, this, &ExportPanel::exportNow);
     connect(m_back, &QPushButton::clicked, this, &ExportPanel::backToMainScreen);
+    connect(mail, &QPushButton::clicked, this, [this] { ui::MailSettingsDialog::edit(this); });
 }
 
 void ExportPanel::openFor(const store::RegisterKey& key) {

@@ -5,6 +5,7 @@
 #include "store/Failure.h"
 #include "ui/Dialogs.h"
 #include "ui/ErrorRoutine.h"
+#include "ui/MailSettingsDialog.h"
 
 #include <QApplication>
 #include <QDir>
@@ -71,6 +72,10 @@ ExportRunOutcome runExportWithQuestions(store::Database& db, const store::Regist
     runGuarded([&] {
         exchange::MailStep step(db, key, result.companyName, result.fileKey, result.joinedPath);
         if (!dialogs().ask(kTitle, step.question(), Icon::Question, false))
+            return;
+        // The first send of a machine finds no server: the user fills it in here, once.
+        if (!options.mail && !exchange::MailSettings::load().isComplete() &&
+            !MailSettingsDialog::edit(QApplication::activeWindow()))
             return;
         const exchange::MailSettings settings =
             options.mail ? *options.mail : exchange::MailSettings::load();

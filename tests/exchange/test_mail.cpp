@@ -363,6 +363,9 @@ private slots:
         QCOMPARE(edited.user, s.user);
         QCOMPARE(edited.password, s.password);
         QCOMPARE(edited.sender, s.sender);
+        QVERIFY(edited.isComplete());
+        dialog.findChild<QLineEdit*>(QStringLiteral("txtServidor"))->setText(QStringLiteral(" "));
+        QVERIFY(!dialog.settings().isComplete()); // the first send asks for the server
         if (qEnvironmentVariableIsSet("VOR_SCREENSHOTS"))
             dialog.grab().save(qEnvironmentVariable("VOR_SCREENSHOTS") +
                                QStringLiteral("/mail.png"));
