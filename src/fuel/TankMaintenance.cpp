@@ -147,6 +147,7 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
         m_dmatrloutro = lineEdit(QStringLiteral("txtDMATRLOUTRO"), m_fraTanque);
         // The column sets no width, and neither does the field.
         ui::attachText(m_dmatrloutro, ui::Case::Upper);
+        m_dmatrloutro->setMinimumWidth(200);
         m_picDMATRLOUTRO = pictureBox(QStringLiteral("picDMATRLOUTRO"), m_dmatrloutro, m_fraTanque);
         m_picDMATRLOUTRO->setEnabled(false);
         addField(tank, row, 2, QStringLiteral("Material"), m_nmatrl, m_fraTanque);
