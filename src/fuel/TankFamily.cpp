@@ -34,6 +34,7 @@ TankFamily makeUnderground() {
     f.at.situation = 5;
     f.at.report = 6;
     f.at.owner = 7;
+    f.materialLabel = QStringLiteral("Tipo de Material");
     f.loadingMouthLabel = QStringLiteral("Boca de Carregamento");
     f.ventTitle = QStringLiteral("Respiro");
     f.ventHeightLabel = QStringLiteral("Altura (m)");
@@ -91,6 +92,7 @@ TankFamily makeAboveground() {
     f.at.situation = 7;
     f.at.report = 8;
     f.at.owner = 9;
+    f.materialLabel = QStringLiteral("Material");
     f.loadingMouthLabel = QStringLiteral("Alimentação");
     f.ventTitle = QStringLiteral("Respiro (m)");
     f.ventHeightLabel = QStringLiteral("Altura");

@@ -37,6 +37,8 @@ struct TankFamily {
         int owner = 0;
     } at;
 
+    QString materialLabel;
+
     // Words of the compartment block and its grid.
     QString loadingMouthLabel;
     QString ventTitle;

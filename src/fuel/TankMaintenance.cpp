@@ -131,9 +131,14 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
     addField(tank, 0, 0, QStringLiteral("Nº"), m_picNTANQU, m_fraTanque);
     addField(tank, 0, 2, QStringLiteral("Identificação"), m_nident, m_fraTanque);
     addField(tank, 0, 4, QStringLiteral("Data de Instalação"), m_ainstl, m_fraTanque);
+    // What the tank holds and is made of; below it, where an aboveground tank stands.
+    addField(tank, 1, 0, QStringLiteral("Nº de Compartimentos"), m_qcomprt, m_fraTanque);
+    addField(tank, 1, 2, m_family.materialLabel, m_nmatrl, m_fraTanque);
     // The tab order of the block follows the validation's order, whatever the grid's.
     QList<QWidget*> tabOrder = {m_ntanqu, m_nident, m_ainstl};
     int row = 1;
+    if (m_family.hasPosition || m_family.hasBase)
+        ++row;
     if (m_family.hasPosition) {
         m_iposca = comboBox(QStringLiteral("cmbIPOSCA"), m_fraTanque);
         fixedList(m_iposca, {{QStringLiteral("Horizontal"), QStringLiteral("H")},
@@ -141,6 +146,7 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
         addField(tank, row, 0, QStringLiteral("Tipo"), m_iposca, m_fraTanque);
         tabOrder << m_iposca;
     }
+    tabOrder << m_nmatrl;
     if (m_family.fixedMaterials) {
         fixedList(m_nmatrl, {{QStringLiteral("Aço"), kMaterialAco},
                              {QStringLiteral("Outros"), kMaterialOutros}});
@@ -150,20 +156,13 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
         m_dmatrloutro->setMinimumWidth(200);
         m_picDMATRLOUTRO = pictureBox(QStringLiteral("picDMATRLOUTRO"), m_dmatrloutro, m_fraTanque);
         m_picDMATRLOUTRO->setEnabled(false);
-        addField(tank, row, 2, QStringLiteral("Material"), m_nmatrl, m_fraTanque);
-        tank->addWidget(m_picDMATRLOUTRO, row, 4, 1, 2);
-        tabOrder << m_nmatrl << m_dmatrloutro;
-        ++row;
+        tank->addWidget(m_picDMATRLOUTRO, 1, 4, 1, 2);
+        tabOrder << m_dmatrloutro;
     }
     if (m_family.hasBase) {
         m_nbase = comboBox(QStringLiteral("cmbNBASE"), m_fraTanque);
-        addField(tank, row, 0, QStringLiteral("Tipo de Base"), m_nbase, m_fraTanque);
-        addField(tank, row, 2, QStringLiteral("Nº de Compartimentos"), m_qcomprt, m_fraTanque);
+        addField(tank, row, 2, QStringLiteral("Tipo de Base"), m_nbase, m_fraTanque);
         tabOrder << m_nbase;
-    } else {
-        addField(tank, row, 0, QStringLiteral("Nº de Compartimentos"), m_qcomprt, m_fraTanque);
-        addField(tank, row, 2, QStringLiteral("Tipo de Material"), m_nmatrl, m_fraTanque);
-        tabOrder << m_nmatrl;
     }
     tabOrder << m_qcomprt << m_teste << m_atesteestnq << m_ipropr << m_isitca;
     tank->addWidget(laudo, row + 1, 0, 1, 6);
