@@ -1,6 +1,6 @@
 #include "fuel/FuelScreens.h"
 
-#include "fuel/UndergroundTanks.h"
+#include "fuel/TankList.h"
 
 namespace fuel {
 
@@ -8,6 +8,10 @@ void registerScreens() {
     ui::ScreenRegistry::instance().add(QStringLiteral("frmTanqu"),
                                        [](ui::ScreenHost& host, const ui::Sequence::Place&) {
                                            return new ui::ListScreen(host, undergroundTankList());
+                                       });
+    ui::ScreenRegistry::instance().add(QStringLiteral("frmTanquAereo"),
+                                       [](ui::ScreenHost& host, const ui::Sequence::Place&) {
+                                           return new ui::ListScreen(host, abovegroundTankList());
                                        });
 }
 

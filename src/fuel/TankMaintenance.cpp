@@ -2,6 +2,7 @@
 
 #include "fuel/FieldSupport.h"
 #include "fuel/OwnerPanel.h"
+#include "fuel/TankFamily.h"
 #include "fuel/TankRows.h"
 #include "rules/Filters.h"
 #include "store/Database.h"
@@ -19,9 +20,6 @@ namespace fuel {
 
 namespace {
 
-const QString kUnderground = QStringLiteral("S");
-const QString kIncluirTanque = QStringLiteral("Incluir Tanque");
-const QString kAlterarTanque = QStringLiteral("Alterar Tanque");
 const QString kIncluirCompartimento = QStringLiteral("Incluir Compartimento");
 const QString kAlterarCompartimento = QStringLiteral("Alterar Compartimento");
 
@@ -38,7 +36,7 @@ QComboBox* comboBox(const QString& name, QWidget* parent) {
 }
 
 // A fixed list: the texts shown, the codes stored.
-void fixedList(QComboBox* combo, const QList<std::pair<QString, QString>>& items) {
+void fixedList(QComboBox* combo, const QList<std::pair<QString, QVariant>>& items) {
     for (const auto& [text, code] : items)
         combo->addItem(text, code);
     combo->setCurrentIndex(-1);
@@ -53,8 +51,9 @@ void databaseList(store::Database& db, QComboBox* combo, const QString& sql) {
     combo->setCurrentIndex(-1);
 }
 
-// A field inside a frame of its own (picNTANQU, picNCOMPR): the frame is what freezes the key.
-QWidget* keyBox(const QString& name, QLineEdit* field, QWidget* parent) {
+// A field inside a frame of its own (picNTANQU, picNCOMPR, picDMATRLOUTRO): the frame is what
+// freezes the field.
+QWidget* pictureBox(const QString& name, QLineEdit* field, QWidget* parent) {
     auto* box = new QWidget(parent);
     box->setObjectName(name);
     auto* layout = new QHBoxLayout(box);
@@ -77,28 +76,29 @@ QVariant dateValue(const QLineEdit* field) {
 
 } // namespace
 
-TankMaintenance::TankMaintenance(ui::ScreenHost& host, QWidget* parent)
-    : ui::MaintenanceScreen(host, QStringLiteral("frmTanqu"),
+TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family, QWidget* parent)
+    : ui::MaintenanceScreen(host, family.listName,
                             {
-                                {kIncluirTanque, 0, true, true},
-                                {kAlterarTanque, 0, false, true},
+                                {family.incluirTanque, 0, true, true},
+                                {family.alterarTanque, 0, false, true},
                                 {kIncluirCompartimento, 1, true, false},
                                 {kAlterarCompartimento, 1, false, true},
                             },
-                            parent) {
-    setObjectName(QStringLiteral("frmTanquM"));
-    setWindowTitle(QStringLiteral("Sistema de Armazenamento de Combustíveis - Subterrâneo"));
+                            parent)
+    , m_family(family) {
+    setObjectName(m_family.maintenanceName);
+    setWindowTitle(m_family.maintenanceCaption);
 
     // The tank.
-    m_fraTanque = new QGroupBox(QStringLiteral("Tanque"), this);
+    m_fraTanque = new QGroupBox(m_family.tankWord, this);
     m_fraTanque->setObjectName(QStringLiteral("fraTanque"));
     m_ntanqu = lineEdit(QStringLiteral("txtNTANQU"), m_fraTanque);
-    m_picNTANQU = keyBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraTanque);
+    m_picNTANQU = pictureBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraTanque);
     m_nident = lineEdit(QStringLiteral("txtNIDENT"), m_fraTanque);
     m_ainstl = lineEdit(QStringLiteral("mskAINSTL"), m_fraTanque);
     m_nmatrl = comboBox(QStringLiteral("cmbNMATRL"), m_fraTanque);
     m_qcomprt = lineEdit(QStringLiteral("txtQCOMPRT"), m_fraTanque);
-    auto* laudo = new QGroupBox(QStringLiteral("Tanque"), m_fraTanque);
+    auto* laudo = new QGroupBox(m_family.tankWord, m_fraTanque);
     m_teste = comboBox(QStringLiteral("cmbitesteestnq"), laudo);
     m_atesteestnq = lineEdit(QStringLiteral("mskATESTEESTNQ"), laudo);
     m_ipropr = comboBox(QStringLiteral("cmbIPROPR"), m_fraTanque);
@@ -131,31 +131,56 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, QWidget* parent)
     addField(tank, 0, 0, QStringLiteral("Nº"), m_picNTANQU, m_fraTanque);
     addField(tank, 0, 2, QStringLiteral("Identificação"), m_nident, m_fraTanque);
     addField(tank, 0, 4, QStringLiteral("Data de Instalação"), m_ainstl, m_fraTanque);
+    // What the tank holds and is made of; below it, where an aboveground tank stands.
     addField(tank, 1, 0, QStringLiteral("Nº de Compartimentos"), m_qcomprt, m_fraTanque);
-    addField(tank, 1, 2, QStringLiteral("Tipo de Material"), m_nmatrl, m_fraTanque);
-    tank->addWidget(laudo, 2, 0, 1, 6);
-    addField(tank, 3, 0, QStringLiteral("Proprietário"), m_ipropr, m_fraTanque);
-    addField(tank, 3, 2, QStringLiteral("Situação"), m_isitca, m_fraTanque);
+    addField(tank, 1, 2, m_family.materialLabel, m_nmatrl, m_fraTanque);
+    // The tab order of the block follows the validation's order, whatever the grid's.
+    QList<QWidget*> tabOrder = {m_ntanqu, m_nident, m_ainstl};
+    int row = 1;
+    if (m_family.hasPosition || m_family.hasBase)
+        ++row;
+    if (m_family.hasPosition) {
+        m_iposca = comboBox(QStringLiteral("cmbIPOSCA"), m_fraTanque);
+        fixedList(m_iposca, {{QStringLiteral("Horizontal"), QStringLiteral("H")},
+                             {QStringLiteral("Vertical"), QStringLiteral("V")}});
+        addField(tank, row, 0, QStringLiteral("Tipo"), m_iposca, m_fraTanque);
+        tabOrder << m_iposca;
+    }
+    tabOrder << m_nmatrl;
+    if (m_family.fixedMaterials) {
+        fixedList(m_nmatrl, {{QStringLiteral("Aço"), kMaterialAco},
+                             {QStringLiteral("Outros"), kMaterialOutros}});
+        m_dmatrloutro = lineEdit(QStringLiteral("txtDMATRLOUTRO"), m_fraTanque);
+        // The column sets no width, and neither does the field.
+        ui::attachText(m_dmatrloutro, ui::Case::Upper);
+        m_dmatrloutro->setMinimumWidth(200);
+        m_picDMATRLOUTRO = pictureBox(QStringLiteral("picDMATRLOUTRO"), m_dmatrloutro, m_fraTanque);
+        m_picDMATRLOUTRO->setEnabled(false);
+        tank->addWidget(m_picDMATRLOUTRO, 1, 4, 1, 2);
+        tabOrder << m_dmatrloutro;
+    }
+    if (m_family.hasBase) {
+        m_nbase = comboBox(QStringLiteral("cmbNBASE"), m_fraTanque);
+        addField(tank, row, 2, QStringLiteral("Tipo de Base"), m_nbase, m_fraTanque);
+        tabOrder << m_nbase;
+    }
+    tabOrder << m_qcomprt << m_teste << m_atesteestnq << m_ipropr << m_isitca;
+    tank->addWidget(laudo, row + 1, 0, 1, 6);
+    addField(tank, row + 2, 0, QStringLiteral("Proprietário"), m_ipropr, m_fraTanque);
+    addField(tank, row + 2, 2, QStringLiteral("Situação"), m_isitca, m_fraTanque);
     tank->setColumnStretch(3, 1);
-    // Tab order of the block: the list's order, whatever the grid's.
-    setTabOrder(m_ntanqu, m_nident);
-    setTabOrder(m_nident, m_ainstl);
-    setTabOrder(m_ainstl, m_nmatrl);
-    setTabOrder(m_nmatrl, m_qcomprt);
-    setTabOrder(m_qcomprt, m_teste);
-    setTabOrder(m_teste, m_atesteestnq);
-    setTabOrder(m_atesteestnq, m_ipropr);
-    setTabOrder(m_ipropr, m_isitca);
+    for (qsizetype i = 1; i < tabOrder.size(); ++i)
+        setTabOrder(tabOrder.at(i - 1), tabOrder.at(i));
 
     // The compartment.
     m_fraCompar = new QGroupBox(QStringLiteral("Compartimento"), this);
     m_fraCompar->setObjectName(QStringLiteral("fraCompar"));
     m_ncompr = lineEdit(QStringLiteral("txtNCOMPR"), m_fraCompar);
-    m_picNCOMPR = keyBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraCompar);
+    m_picNCOMPR = pictureBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraCompar);
     m_nbocacarrg = comboBox(QStringLiteral("cmbNBOCACARRG"), m_fraCompar);
     m_qcapcd = lineEdit(QStringLiteral("txtQCAPCD"), m_fraCompar);
     m_ncombs = comboBox(QStringLiteral("cmbNCOMBS"), m_fraCompar);
-    auto* respiro = new QGroupBox(QStringLiteral("Respiro"), m_fraCompar);
+    auto* respiro = new QGroupBox(m_family.ventTitle, m_fraCompar);
     m_qrespraltra = lineEdit(QStringLiteral("txtQRESPRALTRA"), respiro);
     m_qresprdistcrecpt = lineEdit(QStringLiteral("txtQRESPRDISTCRECPT"), respiro);
     digitsField(m_ncompr, 2);
@@ -171,20 +196,20 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, QWidget* parent)
     ui::attachDecimal(m_qresprdistcrecpt, 4, 2);
     m_qresprdistcrecpt->setAlignment(Qt::AlignCenter);
     auto* respiroLayout = new QHBoxLayout(respiro);
-    respiroLayout->addWidget(new QLabel(QStringLiteral("Altura (m)"), respiro));
+    respiroLayout->addWidget(new QLabel(m_family.ventHeightLabel, respiro));
     respiroLayout->addWidget(m_qrespraltra);
-    respiroLayout->addWidget(new QLabel(QStringLiteral("Distância do Receptor (m)"), respiro));
+    respiroLayout->addWidget(new QLabel(m_family.ventDistanceLabel, respiro));
     respiroLayout->addWidget(m_qresprdistcrecpt);
     auto* compar = new QGridLayout(m_fraCompar);
     addField(compar, 0, 0, QStringLiteral("Compartimento"), m_picNCOMPR, m_fraCompar);
-    addField(compar, 0, 2, QStringLiteral("Boca de Carregamento"), m_nbocacarrg, m_fraCompar);
+    addField(compar, 0, 2, m_family.loadingMouthLabel, m_nbocacarrg, m_fraCompar);
     addField(compar, 1, 0, QStringLiteral("Capacidade m³"), m_qcapcd, m_fraCompar);
     addField(compar, 1, 2, QStringLiteral("Produto Estocado"), m_ncombs, m_fraCompar);
     compar->addWidget(respiro, 2, 0, 1, 4);
     compar->setColumnStretch(3, 1);
 
     m_fraProp = new OwnerPanel(host.database(), QStringLiteral("TB_POSTOTANQUPROPR"),
-                               QStringLiteral("NTANQU"), OwnerPanel::Texts{}, this);
+                               QStringLiteral("NTANQU"), m_family.ownerTexts, this);
 
     for (QGroupBox* frame :
          {static_cast<QGroupBox*>(m_fraTanque), m_fraCompar, static_cast<QGroupBox*>(m_fraProp)})
@@ -199,6 +224,8 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, QWidget* parent)
 
     connect(m_teste, &QComboBox::activated, this, &TankMaintenance::testeChosen);
     connect(m_ipropr, &QComboBox::activated, this, &TankMaintenance::proprietarioChosen);
+    if (m_family.fixedMaterials)
+        connect(m_nmatrl, &QComboBox::activated, this, &TankMaintenance::materialChosen);
 }
 
 bool TankMaintenance::onTank() const {
@@ -209,13 +236,22 @@ bool TankMaintenance::ownerShown() const {
     return !m_fraProp->isHidden();
 }
 
+bool TankMaintenance::otherMaterial() const {
+    return m_family.fixedMaterials && chosenCode(m_nmatrl).toInt() == kMaterialOutros;
+}
+
 void TankMaintenance::prepare() {
     if (onTank()) {
-        // The underground list never offers plain steel; the aboveground one does.
-        databaseList(database(), m_nmatrl,
-                     QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
-                                    " Where IMATRLTANQULINHA = 'T' and dmatrl<>'Aço'"
-                                    " Order By NMATRL"));
+        // The underground list never offers plain steel; the aboveground one has its own fixed
+        // list, "Aço" or "Outros".
+        if (!m_family.fixedMaterials)
+            databaseList(database(), m_nmatrl,
+                         QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
+                                        " Where IMATRLTANQULINHA = 'T' and dmatrl<>'Aço'"
+                                        " Order By NMATRL"));
+        if (m_family.hasBase)
+            databaseList(database(), m_nbase,
+                         QStringLiteral("Select NBASE, DBASE From DICNRBASE Order By NBASE"));
     } else {
         databaseList(database(), m_nbocacarrg,
                      QStringLiteral("Select NBOCACARRG, DBOCACARRG From DICNRBOCACARRG"
@@ -230,36 +266,52 @@ void TankMaintenance::prepare() {
 
 void TankMaintenance::copyFromList(const ui::ListSelection& rows) {
     m_fraProp->hide();
-    if (operation().name == kIncluirTanque)
+    const QString& op = operation().name;
+    if (op == m_family.incluirTanque)
         return;
+    const TankFamily::Columns& at = m_family.at;
     const QStringList& tank = rows.main;
     m_ntanqu->setText(tank.value(0));
     m_nident->setText(tank.value(1));
     m_ainstl->setText(tank.value(2));
-    chooseText(m_nmatrl, tank.value(3));
-    m_qcomprt->setText(tank.value(4));
-    chooseText(m_isitca, tank.value(5));
-    if (!tank.value(6).isEmpty()) {
-        m_atesteestnq->setText(tank.value(6));
+    if (m_iposca)
+        chooseText(m_iposca, tank.value(at.position));
+    chooseText(m_nmatrl, tank.value(at.material));
+    if (m_family.fixedMaterials) {
+        materialChosen();
+        if (op == m_family.alterarTanque && otherMaterial())
+            m_dmatrloutro->setText(
+                database()
+                    .scalar(QStringLiteral("Select DMATRLOUTRO From TB_POSTOTANQU Where NMUNCP = ?"
+                                           " And NSEQNC = ? And ITANQU = ? and ntanqu=?"),
+                            {session().nmuncp, session().nseqnc, m_family.itanqu, tank.value(0)})
+                    .toString());
+    }
+    if (m_nbase)
+        chooseText(m_nbase, tank.value(at.base));
+    m_qcomprt->setText(tank.value(at.compartments));
+    chooseText(m_isitca, tank.value(at.situation));
+    if (!tank.value(at.report).isEmpty()) {
+        m_atesteestnq->setText(tank.value(at.report));
         chooseCode(m_teste, QStringLiteral("R"));
     } else {
         const QVariant code = database().scalar(
             QStringLiteral("Select ITESTEESTNQ From TB_POSTOTANQU Where nMuncp = ? And NSEQNC = ?"
-                           " And ITANQU = 'S' and ntanqu=?"),
-            {session().nmuncp, session().nseqnc, tank.value(0)});
+                           " And ITANQU = ? and ntanqu=?"),
+            {session().nmuncp, session().nseqnc, m_family.itanqu, tank.value(0)});
         chooseCode(m_teste, code.toString() == QLatin1String("NR") ? QStringLiteral("NR")
                                                                    : QStringLiteral("ND"));
-        if (operation().name == kAlterarTanque)
+        if (op == m_family.alterarTanque)
             m_atesteestnq->setEnabled(false);
     }
-    chooseText(m_ipropr, tank.value(7));
+    chooseText(m_ipropr, tank.value(at.owner));
     if (chosenCode(m_ipropr).toString() == QLatin1String("O")) {
-        m_fraProp->load(database(), session(), kUnderground, tank.value(0));
+        m_fraProp->load(database(), session(), m_family.itanqu, tank.value(0));
         m_fraProp->show();
         m_fraProp->setEnabled(false);
     }
-    if (operation().name == kAlterarTanque)
-        m_oldCompartments = tank.value(4).toInt();
+    if (op == m_family.alterarTanque)
+        m_oldCompartments = tank.value(at.compartments).toInt();
     if (operation().name == kAlterarCompartimento) {
         const QStringList& compartment = rows.detail;
         m_ncompr->setText(compartment.value(0));
@@ -271,11 +323,11 @@ void TankMaintenance::copyFromList(const ui::ListSelection& rows) {
 
 QWidget* TankMaintenance::arrangePanels() {
     const QString& op = operation().name;
-    if (op == kIncluirTanque || op == kAlterarTanque) {
+    if (op == m_family.incluirTanque || op == m_family.alterarTanque) {
         m_fraTanque->show();
         m_fraTanque->setEnabled(true);
         m_fraCompar->hide();
-        if (op == kIncluirTanque) {
+        if (op == m_family.incluirTanque) {
             m_fraProp->hide();
             m_picNTANQU->setEnabled(true);
             m_ntanqu->setReadOnly(false);
@@ -298,8 +350,8 @@ QWidget* TankMaintenance::arrangePanels() {
     QSqlQuery respiro = database().run(
         QStringLiteral(
             "Select QRESPRALTRA,QRESPRDISTCRECPT From TB_POSTOTANQUCOMPR Where NMUNCP = ?"
-            " And NSEQNC = ? And ITANQU = 'S' And NTANQU = ? And NCOMPR = ?"),
-        {session().nmuncp, session().nseqnc, m_ntanqu->text(), m_ncompr->text()});
+            " And NSEQNC = ? And ITANQU = ? And NTANQU = ? And NCOMPR = ?"),
+        {session().nmuncp, session().nseqnc, m_family.itanqu, m_ntanqu->text(), m_ncompr->text()});
     if (respiro.next()) {
         m_qrespraltra->setText(respiro.value(0).toString());
         // Shown with the decimal comma in which it is typed.
@@ -313,13 +365,21 @@ QWidget* TankMaintenance::arrangePanels() {
 
 QList<QWidget*> TankMaintenance::snapshotFields() const {
     QList<QWidget*> fields;
-    if (!m_fraTanque->isHidden())
-        fields << m_ntanqu << m_nident << m_ainstl << m_nmatrl << m_qcomprt << m_teste
-               << m_atesteestnq << m_ipropr << m_isitca;
+    if (!m_fraTanque->isHidden()) {
+        fields << m_ntanqu << m_nident << m_ainstl;
+        if (m_iposca)
+            fields << m_iposca;
+        fields << m_nmatrl;
+        if (m_dmatrloutro)
+            fields << m_dmatrloutro;
+        if (m_nbase)
+            fields << m_nbase;
+        fields << m_qcomprt << m_teste << m_atesteestnq << m_ipropr << m_isitca;
+    }
     if (!m_fraCompar->isHidden())
         fields << m_ncompr << m_nbocacarrg << m_qcapcd << m_ncombs << m_qrespraltra
                << m_qresprdistcrecpt;
-    if (ownerShown() && operation().name == kAlterarTanque)
+    if (ownerShown() && operation().name == m_family.alterarTanque)
         fields << m_fraProp->fields();
     return fields;
 }
@@ -337,29 +397,35 @@ ui::Check TankMaintenance::validate() {
 ui::Check TankMaintenance::consistirTanque() {
     using ui::Refusal;
     if (m_ntanqu->text().isEmpty())
-        return Refusal{m_ntanqu, QStringLiteral("Preenchimento Obrigatório do Número do Tanque")};
+        return Refusal{m_ntanqu, m_family.numberRequired};
     if (m_ntanqu->text().toInt() == 0)
-        return Refusal{m_ntanqu, QStringLiteral("Número do Tanque Inválido")};
-    if (operation().name == kIncluirTanque &&
+        return Refusal{m_ntanqu, m_family.numberInvalid};
+    if (operation().name == m_family.incluirTanque &&
         database()
             .scalar(QStringLiteral("Select * From TB_POSTOTANQU Where NMUNCP = ? And NSEQNC = ?"
-                                   " And ITANQU = 'S' AND NTANQU = ?"),
-                    {session().nmuncp, session().nseqnc, m_ntanqu->text().toInt()})
+                                   " And ITANQU = ? AND NTANQU = ?"),
+                    {session().nmuncp, session().nseqnc, m_family.itanqu, m_ntanqu->text().toInt()})
             .isValid())
-        return Refusal{m_ntanqu, QStringLiteral("Número de Tanque já está cadastrado, preencha "
-                                                "com outro valor")};
+        return Refusal{m_ntanqu, m_family.numberTaken};
     if (m_nident->text().isEmpty())
         return Refusal{m_nident, QStringLiteral("Preenchimento Obrigatório da Identificação.")};
     if (clipText(m_ainstl).isEmpty())
         return Refusal{m_ainstl, QStringLiteral("Preenchimento Obrigatório da Data da Instalação")};
+    if (m_iposca && m_iposca->currentText().isEmpty())
+        return Refusal{m_iposca,
+                       QStringLiteral("Preenchimento Obrigatório do Tipo do Reservatório.")};
     if (m_nmatrl->currentText().isEmpty())
         return Refusal{m_nmatrl, QStringLiteral("Preenchimento Obrigatório do Tipo de Material")};
+    if (otherMaterial() && m_dmatrloutro->text().isEmpty())
+        return Refusal{m_dmatrloutro,
+                       QStringLiteral("Preenchimento Obrigatório do Campo Material - Outros.")};
+    if (m_nbase && m_nbase->currentText().isEmpty())
+        return Refusal{m_nbase, QStringLiteral("Preenchimento Obrigatório do Tipo da Base.")};
     if (m_qcomprt->text().isEmpty())
         return Refusal{m_qcomprt, QStringLiteral("Preenchimento Obrigatório da Quantidade de "
                                                  "Compartimentos")};
-    if (operation().name == kAlterarTanque && m_qcomprt->text().toInt() < m_oldCompartments)
-        return Refusal{m_qcomprt, QStringLiteral("Atualizar os Compartimentos do Tanque Antes de "
-                                                 "Atualizar o Número de Compartimentos.")};
+    if (operation().name == m_family.alterarTanque && m_qcomprt->text().toInt() < m_oldCompartments)
+        return Refusal{m_qcomprt, m_family.countLowered};
     if (m_teste->currentText().isEmpty())
         return Refusal{m_teste, QStringLiteral("Preenchimento Obrigatório da condição do Último "
                                                "Laudo de Integridade")};
@@ -382,9 +448,9 @@ ui::Check TankMaintenance::consistirCompartimento() {
     if (operation().name == kIncluirCompartimento &&
         database()
             .scalar(QStringLiteral("Select * From TB_POSTOTANQUCOMPR Where NMUNCP = ?"
-                                   " And NSEQNC = ? And NCOMPR = ? And ITANQU = 'S'"
+                                   " And NSEQNC = ? And NCOMPR = ? And ITANQU = ?"
                                    " And NTANQU = ?"),
-                    {session().nmuncp, session().nseqnc, m_ncompr->text().toInt(),
+                    {session().nmuncp, session().nseqnc, m_ncompr->text().toInt(), m_family.itanqu,
                      m_ntanqu->text().toInt()})
             .isValid())
         return Refusal{m_ncompr, QStringLiteral("Número do Compartimento já cadastrado")};
@@ -442,6 +508,9 @@ ui::Check TankMaintenance::leaveCheck(QWidget* field) {
                            QStringLiteral("Número de Compartimentos não pode ser Zero.")};
     } else if (field == m_ipropr) {
         proprietarioChosen();
+    } else if (field == m_nmatrl && otherMaterial()) {
+        m_picDMATRLOUTRO->setEnabled(true);
+        m_dmatrloutro->setFocus(Qt::OtherFocusReason);
     }
     return {};
 }
@@ -466,19 +535,25 @@ void TankMaintenance::proprietarioChosen() {
     }
 }
 
+// Only "Outros" takes a described material: "Aço" freezes the description.
+void TankMaintenance::materialChosen() {
+    m_picDMATRLOUTRO->setEnabled(otherMaterial());
+}
+
 void TankMaintenance::write(store::Database& db) {
     const QString& op = operation().name;
-    if (op == kIncluirTanque) {
+    const QString& itanqu = m_family.itanqu;
+    if (op == m_family.incluirTanque) {
         gravarTanque(db);
         if (ownerShown())
-            m_fraProp->write(db, session(), kUnderground, m_ntanqu->text().toInt());
+            m_fraProp->write(db, session(), itanqu, m_ntanqu->text().toInt());
         else
-            deleteTankOwner(db, session(), kUnderground, m_ntanqu->text().toInt());
-    } else if (op == kAlterarTanque) {
+            deleteTankOwner(db, session(), itanqu, m_ntanqu->text().toInt());
+    } else if (op == m_family.alterarTanque) {
         alterarTanque(db);
-        deleteTankOwner(db, session(), kUnderground, m_ntanqu->text().toInt());
+        deleteTankOwner(db, session(), itanqu, m_ntanqu->text().toInt());
         if (ownerShown())
-            m_fraProp->write(db, session(), kUnderground, m_ntanqu->text().toInt());
+            m_fraProp->write(db, session(), itanqu, m_ntanqu->text().toInt());
     } else if (op == kIncluirCompartimento) {
         gravarCompartimento(db);
     } else {
@@ -492,17 +567,28 @@ void TankMaintenance::gravarTanque(store::Database& db) {
                                      "QCOMPRT,");
     QVariantList values = {
         session().nmuncp,    session().nseqnc,         session().ainfrm.toString(Qt::ISODate),
-        kUnderground,        m_ntanqu->text().toInt(), m_nident->text(),
+        m_family.itanqu,     m_ntanqu->text().toInt(), m_nident->text(),
         dateValue(m_ainstl), chosenCode(m_nmatrl),     m_qcomprt->text().toInt()};
     if (report.isValid()) {
         columns += QStringLiteral("ATESTEESTNQ,");
         values << report;
     }
-    columns += QStringLiteral("SSISTMPROTC, IPROTC,DPROTC,IFREQNMANTN, IPROPR,ISITCA, ITESTEESTNQ");
-    values << QVariant() << QVariant() << QVariant() << QVariant() << chosenCode(m_ipropr)
-           << (m_isitca->currentText() == QLatin1String("Em Uso") ? QStringLiteral("A")
-                                                                  : QStringLiteral("D"))
-           << chosenCode(m_teste);
+    columns += QStringLiteral("SSISTMPROTC, IPROTC,DPROTC,IFREQNMANTN, IPROPR,");
+    values << QVariant() << QVariant() << QVariant() << QVariant() << chosenCode(m_ipropr);
+    if (m_family.hasPosition) {
+        columns += QStringLiteral("IPOSCA,");
+        values << chosenCode(m_iposca);
+    }
+    if (m_family.hasBase) {
+        columns += QStringLiteral("NBASE,");
+        values << chosenCode(m_nbase);
+    }
+    if (m_family.fixedMaterials) {
+        columns += QStringLiteral("DMATRLOUTRO,");
+        values << materialDescription();
+    }
+    columns += QStringLiteral("ISITCA, ITESTEESTNQ");
+    values << situacao() << chosenCode(m_teste);
     QStringList marks;
     for (qsizetype i = 0; i < values.size(); ++i)
         marks << QStringLiteral("?");
@@ -516,15 +602,45 @@ void TankMaintenance::alterarTanque(store::Database& db) {
         db.scalar(QStringLiteral("Select NMATRL From DICNRMATRLTANQU Where DMATRL = ?"),
                   {m_nmatrl->currentText()});
     // The corrosion protection of the tank is entered on its own screen and stays as it was.
-    db.run(QStringLiteral("Update TB_POSTOTANQU Set ITANQU = 'S', NIDENT = ?, AINSTL = ?,"
-                          " NMATRL = ?, QCOMPRT = ?, ATESTEESTNQ = ?, ITESTEESTNQ = ?,"
-                          " IPROPR = ?, ISITCA = ? Where NMUNCP = ? And NSEQNC = ?"
-                          " And ITANQU = 'S' And NTANQU = ?"),
-           {m_nident->text(), dateValue(m_ainstl), nmatrl, m_qcomprt->text().toInt(),
-            dateValue(m_atesteestnq), chosenCode(m_teste), chosenCode(m_ipropr),
-            m_isitca->currentText() == QLatin1String("Em Uso") ? QStringLiteral("A")
-                                                               : QStringLiteral("D"),
-            session().nmuncp, session().nseqnc, m_ntanqu->text().toInt()});
+    QString assignments = QStringLiteral("ITANQU = ?, NIDENT = ?, AINSTL = ?, NMATRL = ?,"
+                                         " QCOMPRT = ?, ATESTEESTNQ = ?, ITESTEESTNQ = ?,"
+                                         " IPROPR = ?, ISITCA = ?");
+    QVariantList values = {m_family.itanqu,
+                           m_nident->text(),
+                           dateValue(m_ainstl),
+                           nmatrl,
+                           m_qcomprt->text().toInt(),
+                           dateValue(m_atesteestnq),
+                           chosenCode(m_teste),
+                           chosenCode(m_ipropr),
+                           situacao()};
+    if (m_family.hasPosition) {
+        assignments += QStringLiteral(", IPOSCA = ?");
+        values << chosenCode(m_iposca);
+    }
+    if (m_family.hasBase) {
+        assignments += QStringLiteral(", NBASE = ?");
+        values << db.scalar(QStringLiteral("Select NBASE From DICNRBASE Where DBASE = ?"),
+                            {m_nbase->currentText()});
+    }
+    if (m_family.fixedMaterials) {
+        assignments += QStringLiteral(", DMATRLOUTRO = ?");
+        values << materialDescription();
+    }
+    values << session().nmuncp << session().nseqnc << m_family.itanqu << m_ntanqu->text().toInt();
+    db.run(QStringLiteral("Update TB_POSTOTANQU Set ") + assignments +
+               QStringLiteral(" Where NMUNCP = ? And NSEQNC = ? And ITANQU = ? And NTANQU = ?"),
+           values);
+}
+
+QVariant TankMaintenance::situacao() const {
+    return m_isitca->currentText() == QLatin1String("Em Uso") ? QStringLiteral("A")
+                                                              : QStringLiteral("D");
+}
+
+QVariant TankMaintenance::materialDescription() const {
+    return otherMaterial() && !m_dmatrloutro->text().isEmpty() ? QVariant(m_dmatrloutro->text())
+                                                               : QVariant();
 }
 
 void TankMaintenance::gravarCompartimento(store::Database& db) {
@@ -532,7 +648,7 @@ void TankMaintenance::gravarCompartimento(store::Database& db) {
                           "NCOMPR,NBOCACARRG, QCAPCD,NCOMBS,QRESPRALTRA,QRESPRDISTCRECPT)"
                           " Values(?,?,?,?,?,?,?,?,?,?,?)"),
            {session().nmuncp, session().nseqnc, session().ainfrm.toString(Qt::ISODate),
-            kUnderground, m_ntanqu->text().toInt(), m_ncompr->text().toInt(),
+            m_family.itanqu, m_ntanqu->text().toInt(), m_ncompr->text().toInt(),
             chosenCode(m_nbocacarrg), m_qcapcd->text().toInt(), chosenCode(m_ncombs),
             m_qrespraltra->text().toInt(), rules::numeroParaSql(m_qresprdistcrecpt->text())});
 }
@@ -549,10 +665,10 @@ void TankMaintenance::alterarCompartimento(store::Database& db) {
     }
     db.run(QStringLiteral("Update TB_POSTOTANQUCOMPR Set NBOCACARRG = ?, QCAPCD = ?, NCOMBS = ?,"
                           " QRESPRALTRA = ?, QRESPRDISTCRECPT = ? Where NMUNCP = ? And NSEQNC = ?"
-                          " And ITANQU = 'S' And NTANQU = ? And NCOMPR = ?"),
+                          " And ITANQU = ? And NTANQU = ? And NCOMPR = ?"),
            {nbocacarrg, m_qcapcd->text().toInt(), ncombs, m_qrespraltra->text().toInt(),
             rules::numeroParaSql(m_qresprdistcrecpt->text()), session().nmuncp, session().nseqnc,
-            m_ntanqu->text().toInt(), m_ncompr->text().toInt()});
+            m_family.itanqu, m_ntanqu->text().toInt(), m_ncompr->text().toInt()});
 }
 
 QString TankMaintenance::newKey() const {
@@ -561,9 +677,9 @@ QString TankMaintenance::newKey() const {
 
 int TankMaintenance::childrenDue() const {
     const int declared = m_qcomprt->text().toInt();
-    if (operation().name == kIncluirTanque)
+    if (operation().name == m_family.incluirTanque)
         return declared;
-    if (operation().name == kAlterarTanque && declared > m_oldCompartments)
+    if (operation().name == m_family.alterarTanque && declared > m_oldCompartments)
         return declared - m_oldCompartments;
     return 0;
 }

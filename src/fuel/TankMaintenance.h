@@ -9,13 +9,15 @@ class QLineEdit;
 namespace fuel {
 
 class OwnerPanel;
+struct TankFamily;
 
-// frmTanquM: one underground tank, with its owner, or one of its compartments.
+// frmTanquM and frmTanquAereoM: one tank of the family, with its owner, or one of its
+// compartments.
 class TankMaintenance : public ui::MaintenanceScreen {
     Q_OBJECT
 
 public:
-    explicit TankMaintenance(ui::ScreenHost& host, QWidget* parent = nullptr);
+    TankMaintenance(ui::ScreenHost& host, const TankFamily& family, QWidget* parent = nullptr);
 
 protected:
     void prepare() override;
@@ -35,18 +37,29 @@ private:
     ui::Check consistirCompartimento();
     void testeChosen();
     void proprietarioChosen();
-    QString tankDate(const QLineEdit* field) const;
+    void materialChosen();
+    bool otherMaterial() const;
     void gravarTanque(store::Database& db);
     void alterarTanque(store::Database& db);
+    // ISITCA as written: "A" for "Em Uso", otherwise "D".
+    QVariant situacao() const;
+    // DMATRLOUTRO as written: the description of "Outros", Null for any other material.
+    QVariant materialDescription() const;
     void gravarCompartimento(store::Database& db);
     void alterarCompartimento(store::Database& db);
+
+    const TankFamily& m_family;
 
     QGroupBox* m_fraTanque = nullptr;
     QWidget* m_picNTANQU = nullptr;
     QLineEdit* m_ntanqu = nullptr;
     QLineEdit* m_nident = nullptr;
     QLineEdit* m_ainstl = nullptr;
+    QComboBox* m_iposca = nullptr;
     QComboBox* m_nmatrl = nullptr;
+    QWidget* m_picDMATRLOUTRO = nullptr;
+    QLineEdit* m_dmatrloutro = nullptr;
+    QComboBox* m_nbase = nullptr;
     QLineEdit* m_qcomprt = nullptr;
     QComboBox* m_teste = nullptr;
     QLineEdit* m_atesteestnq = nullptr;

@@ -40,7 +40,6 @@ private slots:
             "frmPostoHistrVazmnSubtr",
             "frmPostoProtcCatdcSubtr",
             "frmPostoMontrAmbnt",
-            "frmTanquAereo",
             "frmBombaAereo",
             "frmPostoHistrVazmnAereo",
             "frmPostoProtcCatdcAereo",

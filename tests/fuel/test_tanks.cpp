@@ -12,6 +12,7 @@
 #include <QSqlQuery>
 #include <QTableWidget>
 #include <QTest>
+#include <functional>
 #include <memory>
 
 using testsupport::FakeHost;
@@ -93,6 +94,7 @@ class TestTanks : public QObject {
         emit g->cellClicked(row - 1, 0);
     }
     int count(const QString& sql) { return db().scalar(sql).toInt(); }
+    int dataRows(const QString& grid) { return find<QTableWidget>(grid)->rowCount(); }
     QStringList column(const QString& grid, int c) {
         QStringList cells;
         auto* g = find<QTableWidget>(grid);
@@ -107,9 +109,9 @@ class TestTanks : public QObject {
         return shown;
     }
 
-    void openList() {
-        ui::showPlace(*m_host, {QStringLiteral("frmTanqu")});
-        QCOMPARE(screen()->objectName(), QStringLiteral("frmTanqu"));
+    void openList(const QString& name = QStringLiteral("frmTanqu")) {
+        ui::showPlace(*m_host, {name});
+        QCOMPARE(screen()->objectName(), name);
     }
 
     // Fills the tank block of a new tank; the compartments and the owner stay as they are.
@@ -134,19 +136,62 @@ class TestTanks : public QObject {
     }
 
     // A tank straight into the database, with `compartments` compartments and the declared
-    // number `declared`.
-    void seedTank(int ntanqu, int declared, int compartments, const QString& ipropr = "D") {
+    // number `declared`. An aboveground tank ("A") is a horizontal one of "Aço" on "Concreto".
+    void seedTank(int ntanqu, int declared, int compartments, const QString& ipropr = "D",
+                  const QString& itanqu = "S") {
+        const bool above = itanqu == QLatin1String("A");
         db().run(QStringLiteral(
                      "Insert Into TB_POSTOTANQU (NMUNCP, NSEQNC, AINFRM, ITANQU, NTANQU, NIDENT,"
                      " AINSTL, NMATRL, QCOMPRT, IPROPR, ITESTEESTNQ, ISITCA, SSISTMPROTC, IPROTC,"
-                     " DPROTC, IFREQNMANTN) Values (100, 1, '2024-01-10', 'S', ?, 'TQ', "
-                     "'2005-06-01', 4, ?, ?, 'ND', 'A', 'S', 'Corrente Impressa', 'RETIFICADOR',"
-                     " 'Mensal')"),
-                 {ntanqu, declared, ipropr});
+                     " DPROTC, IFREQNMANTN, IPOSCA, NBASE) Values (100, 1, '2024-01-10', ?, ?,"
+                     " 'TQ', '2005-06-01', ?, ?, ?, 'ND', 'A', 'S', 'Corrente Impressa',"
+                     " 'RETIFICADOR', 'Mensal', ?, ?)"),
+                 {itanqu, ntanqu, above ? 10 : 4, declared, ipropr,
+                  above ? QVariant(QStringLiteral("H")) : QVariant(),
+                  above ? QVariant(1) : QVariant()});
         for (int c = 1; c <= compartments; ++c)
             db().run(QStringLiteral("Insert Into TB_POSTOTANQUCOMPR Values (100, 1, '2024-01-10',"
-                                    " 'S', ?, ?, 1, 10, 101, 3, 5)"),
-                     {ntanqu, c});
+                                    " ?, ?, ?, 1, 10, 101, 3, 5)"),
+                     {itanqu, ntanqu, c});
+    }
+
+    // The rows of each family in the tables of tanks, as "S:n A:n" per table.
+    QString rowsByFamily() {
+        QStringList counts;
+        for (const char* table :
+             {"TB_POSTOTANQU", "TB_POSTOTANQUCOMPR", "TB_POSTOTANQUPROPR", "TB_POSTOBOMBATANQU"}) {
+            const QString from = QStringLiteral(" From %1 Where ITANQU = ").arg(table);
+            counts << QStringLiteral("%1 S:%2 A:%3")
+                          .arg(QLatin1String(table))
+                          .arg(count(QStringLiteral("Select Count(*)") + from + "'S'"))
+                          .arg(count(QStringLiteral("Select Count(*)") + from + "'A'"));
+        }
+        return counts.join(QStringLiteral(", "));
+    }
+
+    // The owner and a pump's link to compartment 1 of a seeded tank.
+    void seedOwnerAndLink(int ntanqu, const QString& itanqu) {
+        db().run(QStringLiteral("Insert Into TB_POSTOTANQUPROPR (NMUNCP, NSEQNC, AINFRM, ITANQU,"
+                                " NTANQU, DRAZAOSOCIL) Values (100, 1, '2024-01-10', ?, ?, 'X')"),
+                 {itanqu, ntanqu});
+        db().run(QStringLiteral("Insert Into TB_POSTOBOMBATANQU (NMUNCP, NSEQNC, AINFRM, ITANQU,"
+                                " NBOMBA, NTANQU, NCOMPR) Values (100, 1, '2024-01-10', ?, 9, ?,"
+                                " 1)"),
+                 {itanqu, ntanqu});
+    }
+
+    // Fills the tank block of a new aboveground tank.
+    void fillReservoir(const QString& number, const QString& compartments) {
+        type(QStringLiteral("txtNTANQU"), number);
+        type(QStringLiteral("txtNIDENT"), QStringLiteral("AEREO ") + number);
+        type(QStringLiteral("mskAINSTL"), QStringLiteral("20/08/2015"));
+        choose(QStringLiteral("cmbIPOSCA"), QStringLiteral("Horizontal"));
+        choose(QStringLiteral("cmbNMATRL"), QStringLiteral("Aço"));
+        choose(QStringLiteral("cmbNBASE"), QStringLiteral("Concreto"));
+        type(QStringLiteral("txtQCOMPRT"), compartments);
+        choose(QStringLiteral("cmbitesteestnq"), QStringLiteral("Não Realizado"));
+        choose(QStringLiteral("cmbIPROPR"), QStringLiteral("Distribuidora"));
+        choose(QStringLiteral("cmbISITCA"), QStringLiteral("Em Uso"));
     }
 
 private slots:
@@ -553,6 +598,263 @@ private slots:
         QVERIFY(m_host->left());
     }
 
+    void abovegroundMaterial_data() {
+        QTest::addColumn<QString>("material");
+        QTest::addColumn<int>("nmatrl");
+        QTest::addColumn<QVariant>("dmatrloutro");
+        // A description typed for "Outros" does not outlive the choice of "Aço".
+        QTest::newRow("aço") << "Aço" << 10 << QVariant();
+        QTest::newRow("outros") << "Outros" << 9 << QVariant(QStringLiteral("FIBRA DE CARBONO"));
+    }
+
+    void abovegroundMaterial() {
+        QFETCH(QString, material);
+        QFETCH(int, nmatrl);
+        QFETCH(QVariant, dmatrloutro);
+        openList(QStringLiteral("frmTanquAereo"));
+        click(QStringLiteral("cmdIncluir"));
+        QCOMPARE(screen()->objectName(), QStringLiteral("frmTanquAereoM"));
+        QCOMPARE(m_host->session().operacaoItem, QStringLiteral("Incluir Reservatório"));
+        fillReservoir(QStringLiteral("3"), QStringLiteral("00"));
+        // The two fixed entries, whatever the dictionary of materials holds.
+        auto* list = find<QComboBox>(QStringLiteral("cmbNMATRL"));
+        QCOMPARE(list->count(), 2);
+        QCOMPARE(list->itemText(0), QStringLiteral("Aço"));
+        QCOMPARE(list->itemText(1), QStringLiteral("Outros"));
+        QVERIFY(!find<QWidget>(QStringLiteral("picDMATRLOUTRO"))->isEnabled());
+
+        choose(QStringLiteral("cmbNMATRL"), QStringLiteral("Outros"));
+        QVERIFY(find<QWidget>(QStringLiteral("picDMATRLOUTRO"))->isEnabled());
+        // Leaving the list on "Outros" goes on to the description.
+        QVERIFY(find<QLineEdit>(QStringLiteral("txtDMATRLOUTRO"))->hasFocus());
+        type(QStringLiteral("txtDMATRLOUTRO"), QStringLiteral("fibra de carbono"));
+        choose(QStringLiteral("cmbNMATRL"), material);
+        QCOMPARE(find<QWidget>(QStringLiteral("picDMATRLOUTRO"))->isEnabled(), nmatrl == 9);
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList{"information: Incluído com Sucesso"});
+        QSqlQuery tank = db().run(QStringLiteral(
+            "Select NMATRL, DMATRLOUTRO, IPOSCA, NBASE From TB_POSTOTANQU Where ITANQU = 'A'"
+            " And NTANQU = 3"));
+        QVERIFY(tank.next());
+        QCOMPARE(tank.value(0).toInt(), nmatrl);
+        QCOMPARE(tank.value(1).isNull(), dmatrloutro.isNull());
+        QCOMPARE(tank.value(1).toString(), dmatrloutro.toString());
+        QCOMPARE(tank.value(2).toString(), QStringLiteral("H"));
+        QCOMPARE(tank.value(3).toInt(), 1);
+        QCOMPARE(column(QStringLiteral("fgrPostoTanqu"), 4), QStringList{material});
+    }
+
+    // Each refusal of a new aboveground tank, then the field it names filled in: the steps that
+    // an aboveground tank adds stand between the date of installation and the compartments.
+    void abovegroundValidationOrder() {
+        seedTank(1, 0, 0, QStringLiteral("D"), QStringLiteral("A"));
+        openList(QStringLiteral("frmTanquAereo"));
+        selectLevel(1);
+        selectRow(QStringLiteral("fgrPostoTanquCompar"), 0);
+        click(QStringLiteral("cmdIncluir"));
+        QCOMPARE(messages(), QStringList{"critical: Número de Compartimentos já atingido ao "
+                                         "cadastrado no Reservatório"});
+        selectLevel(0);
+        click(QStringLiteral("cmdIncluir"));
+        // The last field first, so that cmdOk sees a change; it is emptied again in its turn.
+        choose(QStringLiteral("cmbISITCA"), QStringLiteral("Desativado"));
+        const std::vector<std::pair<QString, std::function<void()>>> steps = {
+            {"Preenchimento Obrigatório do Número do Reservatório",
+             [&] { type(QStringLiteral("txtNTANQU"), QStringLiteral("0")); }},
+            {"Número do Reservatório Inválido",
+             [&] { type(QStringLiteral("txtNTANQU"), QStringLiteral("1")); }},
+            {"Número do Reservatório já está cadastrado, preencha com outro valor",
+             [&] { type(QStringLiteral("txtNTANQU"), QStringLiteral("2")); }},
+            {"Preenchimento Obrigatório da Identificação.",
+             [&] { type(QStringLiteral("txtNIDENT"), QStringLiteral("R2")); }},
+            {"Preenchimento Obrigatório da Data da Instalação",
+             [&] { type(QStringLiteral("mskAINSTL"), QStringLiteral("01/02/2012")); }},
+            {"Preenchimento Obrigatório do Tipo do Reservatório.",
+             [&] { choose(QStringLiteral("cmbIPOSCA"), QStringLiteral("Vertical")); }},
+            {"Preenchimento Obrigatório do Tipo de Material",
+             [&] { choose(QStringLiteral("cmbNMATRL"), QStringLiteral("Outros")); }},
+            {"Preenchimento Obrigatório do Campo Material - Outros.",
+             [&] { type(QStringLiteral("txtDMATRLOUTRO"), QStringLiteral("PEAD")); }},
+            {"Preenchimento Obrigatório do Tipo da Base.",
+             [&] { choose(QStringLiteral("cmbNBASE"), QStringLiteral("Alvenaria")); }},
+            {"Preenchimento Obrigatório da Quantidade de Compartimentos",
+             [&] { type(QStringLiteral("txtQCOMPRT"), QStringLiteral("00")); }},
+            {"Preenchimento Obrigatório da condição do Último Laudo de Integridade",
+             [&] {
+                 choose(QStringLiteral("cmbitesteestnq"), QStringLiteral("Realizado"));
+                 type(QStringLiteral("mskATESTEESTNQ"), QStringLiteral("05/05/2020"));
+             }},
+            {"Preenchimento Obrigatório do Tipo do Proprietário",
+             [&] {
+                 choose(QStringLiteral("cmbIPROPR"), QStringLiteral("Proprietário"));
+                 find<QComboBox>(QStringLiteral("cmbISITCA"))->setCurrentIndex(-1);
+             }},
+            {"Preenchimento Obrigatório da Situação do Tanque",
+             [&] { choose(QStringLiteral("cmbISITCA"), QStringLiteral("Desativado")); }},
+        };
+        for (const auto& [message, fill] : steps) {
+            m_dialogs->clear();
+            click(QStringLiteral("cmdOk"));
+            QCOMPARE(messages(), QStringList{kCritical + QStringLiteral(": ") + message});
+            QCOMPARE(count("Select Count(*) From TB_POSTOTANQU"), 1);
+            fill();
+        }
+        m_dialogs->clear();
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList{"information: Incluído com Sucesso"});
+        QSqlQuery tank =
+            db().run(QStringLiteral("Select NMATRL, DMATRLOUTRO, IPOSCA, NBASE, ATESTEESTNQ, ISITCA"
+                                    " From TB_POSTOTANQU Where ITANQU = 'A' And NTANQU = 2"));
+        QVERIFY(tank.next());
+        QCOMPARE(tank.value(0).toInt(), 9);
+        QCOMPARE(tank.value(1).toString(), QStringLiteral("PEAD"));
+        QCOMPARE(tank.value(2).toString(), QStringLiteral("V"));
+        QCOMPARE(tank.value(3).toInt(), 2);
+        QCOMPARE(tank.value(4).toString(), QStringLiteral("2020-05-05"));
+        QCOMPARE(tank.value(5).toString(), QStringLiteral("D"));
+    }
+
+    void abovegroundOwnerSpellsTheCepMessageRight() {
+        openList(QStringLiteral("frmTanquAereo"));
+        click(QStringLiteral("cmdIncluir"));
+        fillReservoir(QStringLiteral("5"), QStringLiteral("00"));
+        choose(QStringLiteral("cmbIPROPR"), QStringLiteral("Outros"));
+        type(QStringLiteral("txtDRAZAOSOCIL"), QStringLiteral("DONO"));
+        type(QStringLiteral("txtDCONTT"), QStringLiteral("MARIA"));
+        type(QStringLiteral("txtDLOGRD"), QStringLiteral("RUA B"));
+        type(QStringLiteral("txtNLOGRD"), QStringLiteral("12"));
+        m_dialogs->clear();
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList{"critical: Preenchimento Obrigatório do CEP"});
+        QCOMPARE(count("Select Count(*) From TB_POSTOTANQU"), 0);
+    }
+
+    void tanksOfOneNumberInBothFamiliesCoexist() {
+        seedTank(1, 2, 2);
+        openList(QStringLiteral("frmTanquAereo"));
+        QCOMPARE(dataRows(QStringLiteral("fgrPostoTanqu")), 0);
+        selectLevel(1);
+        selectRow(QStringLiteral("fgrPostoTanquCompar"), 0);
+        click(QStringLiteral("cmdIncluir"));
+        QCOMPARE(messages(),
+                 QStringList{"critical: É necessário incluir um Reservatório primeiramente"});
+        selectLevel(0);
+        m_dialogs->clear();
+        click(QStringLiteral("cmdIncluir"));
+        fillReservoir(QStringLiteral("1"), QStringLiteral("1"));
+        click(QStringLiteral("cmdOk"));
+        // The new tank's one compartment is forced, with the words of the aboveground family.
+        QCOMPARE(screen()->objectName(), QStringLiteral("frmTanquAereoM"));
+        QCOMPARE(m_host->session().operacaoItem, QStringLiteral("Incluir Compartimento"));
+        QVERIFY(!button(QStringLiteral("cmdFechar"))->isEnabled());
+        fillCompartment(QStringLiteral("1"));
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList({"information: Incluído com Sucesso",
+                                          "information: Incluído com Sucesso"}));
+        QCOMPARE(screen()->objectName(), QStringLiteral("frmTanquAereo"));
+        auto* tanks = find<QTableWidget>(QStringLiteral("fgrPostoTanqu"));
+        QCOMPARE(tanks->rowCount(), 1);
+        QStringList row;
+        for (int c = 0; c < tanks->columnCount(); ++c)
+            row << tanks->item(0, c)->text();
+        QCOMPARE(row, QStringList({"1", "AEREO 1", "20/08/2015", "Horizontal", "Aço", "Concreto",
+                                   "1", "Em Uso", "", "Distribuidora"}));
+        QCOMPARE(find<QTableWidget>(QStringLiteral("fgrPostoTanquCompar"))
+                     ->horizontalHeaderItem(1)
+                     ->text(),
+                 QStringLiteral("Alimentação"));
+        QCOMPARE(column(QStringLiteral("fgrPostoTanquCompar"), 0), QStringList{"1"});
+
+        // The underground list keeps its own tank 1, with its own compartments.
+        openList();
+        QCOMPARE(column(QStringLiteral("fgrPostoTanqu"), 1), QStringList{"TQ"});
+        QCOMPARE(column(QStringLiteral("fgrPostoTanquCompar"), 0), QStringList({"1", "2"}));
+        QCOMPARE(rowsByFamily(), QStringLiteral("TB_POSTOTANQU S:1 A:1, TB_POSTOTANQUCOMPR S:2 "
+                                                "A:1, TB_POSTOTANQUPROPR S:0 A:0, "
+                                                "TB_POSTOBOMBATANQU S:0 A:0"));
+    }
+
+    void changingAnAbovegroundTank() {
+        seedTank(4, 2, 2, QStringLiteral("D"), QStringLiteral("A"));
+        seedTank(4, 1, 1);
+        db().run(QStringLiteral("Update TB_POSTOTANQU Set NMATRL = 9, DMATRLOUTRO = 'PEAD'"
+                                " Where ITANQU = 'A'"));
+        openList(QStringLiteral("frmTanquAereo"));
+        click(QStringLiteral("cmdAlterar"));
+        QCOMPARE(m_host->session().operacaoItem, QStringLiteral("Alterar Reservatório"));
+        QCOMPARE(find<QComboBox>(QStringLiteral("cmbIPOSCA"))->currentText(),
+                 QStringLiteral("Horizontal"));
+        QCOMPARE(find<QComboBox>(QStringLiteral("cmbNMATRL"))->currentText(),
+                 QStringLiteral("Outros"));
+        QCOMPARE(find<QLineEdit>(QStringLiteral("txtDMATRLOUTRO"))->text(), QStringLiteral("PEAD"));
+        QVERIFY(find<QWidget>(QStringLiteral("picDMATRLOUTRO"))->isEnabled());
+        QCOMPARE(find<QComboBox>(QStringLiteral("cmbNBASE"))->currentText(),
+                 QStringLiteral("Concreto"));
+        QCOMPARE(find<QLineEdit>(QStringLiteral("txtQCOMPRT"))->text(), QStringLiteral("2"));
+
+        type(QStringLiteral("txtQCOMPRT"), QStringLiteral("1"));
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList{"critical: Atualizar os Compartimentos do Reservatório "
+                                         "Antes de Atualizar o Número de Compartimentos."});
+        type(QStringLiteral("txtQCOMPRT"), QStringLiteral("2"));
+        choose(QStringLiteral("cmbIPOSCA"), QStringLiteral("Vertical"));
+        choose(QStringLiteral("cmbNMATRL"), QStringLiteral("Aço"));
+        choose(QStringLiteral("cmbNBASE"), QStringLiteral("Estrutura Metálica"));
+        m_dialogs->clear();
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList{"information: Alterado com Sucesso"});
+        QSqlQuery tank =
+            db().run(QStringLiteral("Select ITANQU, NMATRL, DMATRLOUTRO, IPOSCA, NBASE, QCOMPRT"
+                                    " From TB_POSTOTANQU Where NTANQU = 4 Order By ITANQU"));
+        QVERIFY(tank.next());
+        QCOMPARE(tank.value(0).toString(), QStringLiteral("A"));
+        QCOMPARE(tank.value(1).toInt(), 10);
+        QVERIFY(tank.value(2).isNull());
+        QCOMPARE(tank.value(3).toString(), QStringLiteral("V"));
+        QCOMPARE(tank.value(4).toInt(), 4);
+        QCOMPARE(tank.value(5).toInt(), 2);
+        // The underground tank of the same number is untouched.
+        QVERIFY(tank.next());
+        QCOMPARE(tank.value(0).toString(), QStringLiteral("S"));
+        QCOMPARE(tank.value(1).toInt(), 4);
+        QVERIFY(tank.value(3).isNull());
+        QCOMPARE(tank.value(5).toInt(), 1);
+    }
+
+    void deletingAnAbovegroundTankTakesOnlyItsOwnRows() {
+        for (const char* family : {"S", "A"}) {
+            seedTank(1, 2, 2, QStringLiteral("O"), QLatin1String(family));
+            seedOwnerAndLink(1, QLatin1String(family));
+            seedTank(2, 2, 2, QStringLiteral("D"), QLatin1String(family));
+            seedOwnerAndLink(2, QLatin1String(family));
+        }
+        openList(QStringLiteral("frmTanquAereo"));
+        m_dialogs->answer(true);
+        click(QStringLiteral("cmdExcluir"));
+        QCOMPARE(m_dialogs->shown().first().text,
+                 QStringLiteral("Deseja Excluir o Item Selecionado? (Serão Excluídos todos os "
+                                "Compartimentos do Tanque e Todas as Ligações das Unidades de "
+                                "Abastecimento Para os Compartimentos deste Reservatório)"));
+        QCOMPARE(rowsByFamily(), QStringLiteral("TB_POSTOTANQU S:2 A:1, TB_POSTOTANQUCOMPR S:4 "
+                                                "A:2, TB_POSTOTANQUPROPR S:2 A:1, "
+                                                "TB_POSTOBOMBATANQU S:2 A:1"));
+        QCOMPARE(column(QStringLiteral("fgrPostoTanqu"), 0), QStringList{"2"});
+
+        // A compartment of the remaining aboveground tank, with its link.
+        m_dialogs->clear();
+        selectRow(QStringLiteral("fgrPostoTanquCompar"), 1);
+        m_dialogs->answer(true);
+        click(QStringLiteral("cmdExcluir"));
+        QCOMPARE(m_dialogs->shown().first().text,
+                 QStringLiteral("Deseja Excluir o Item Selecionado? (Serão Excluídos As Ligações "
+                                "das Unidades de Abastecimento Para Este Compartimento.)"));
+        QCOMPARE(rowsByFamily(), QStringLiteral("TB_POSTOTANQU S:2 A:1, TB_POSTOTANQUCOMPR S:4 "
+                                                "A:1, TB_POSTOTANQUPROPR S:2 A:1, "
+                                                "TB_POSTOBOMBATANQU S:2 A:0"));
+        QCOMPARE(count("Select QCOMPRT From TB_POSTOTANQU Where ITANQU = 'A' And NTANQU = 2"), 1);
+        QCOMPARE(count("Select QCOMPRT From TB_POSTOTANQU Where ITANQU = 'S' And NTANQU = 2"), 2);
+    }
+
     void shot(const QString& name) {
         // Let the layouts catch up with the panels shown and hidden on entering.
         QCoreApplication::processEvents();
@@ -573,6 +875,22 @@ private slots:
         selectRow(QStringLiteral("fgrPostoTanquCompar"), 1);
         click(QStringLiteral("cmdAlterar"));
         shot(QStringLiteral("frmTanquM-compartimento"));
+
+        seedTank(1, 2, 2, QStringLiteral("O"), QStringLiteral("A"));
+        db().run(QStringLiteral("Update TB_POSTOTANQU Set NMATRL = 9, DMATRLOUTRO = 'PEAD'"
+                                " Where ITANQU = 'A'"));
+        seedTank(3, 1, 1, QStringLiteral("D"), QStringLiteral("A"));
+        seedOwnerAndLink(1, QStringLiteral("A"));
+        m_host->session().linhaPrincipal = 1;
+        openList(QStringLiteral("frmTanquAereo"));
+        shot(QStringLiteral("frmTanquAereo"));
+        m_dialogs->clear();
+        click(QStringLiteral("cmdAlterar"));
+        shot(QStringLiteral("frmTanquAereoM"));
+        click(QStringLiteral("cmdFechar"));
+        selectRow(QStringLiteral("fgrPostoTanquCompar"), 1);
+        click(QStringLiteral("cmdAlterar"));
+        shot(QStringLiteral("frmTanquAereoM-compartimento"));
     }
 };
 

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "fuel/OwnerPanel.h"
+#include "ui/ListScreen.h"
+
+#include <QString>
+#include <vector>
+
+namespace fuel {
+
+// What tells the underground tanks (frmTanqu, frmTanquM) from the aboveground ones
+// (frmTanquAereo, frmTanquAereoM). Both keep their rows in the same tables, told apart by
+// ITANQU; they differ in words, in a few messages and in the fields that only an aboveground
+// tank has. One list and one maintenance screen read it.
+struct TankFamily {
+    QString itanqu; // "S" underground, "A" aboveground
+
+    QString listName;
+    QString maintenanceName;
+    QString listCaption;
+    QString maintenanceCaption;
+    QString tankWord;   // the tank block, the option of the list, the report's band
+    QString tanksTitle; // frame of the tank grid
+
+    // The tank grid: its columns and its rows (bound: NMUNCP, NSEQNC, ITANQU).
+    std::vector<ui::GridColumn> tankColumns;
+    QString tankQuery;
+    // Where the tank grid holds what the maintenance screen copies from it; -1 for a column the
+    // family does not have.
+    struct Columns {
+        int position = -1;
+        int material = 0;
+        int base = -1;
+        int compartments = 0;
+        int situation = 0;
+        int report = 0;
+        int owner = 0;
+    } at;
+
+    QString materialLabel;
+
+    // Words of the compartment block and its grid.
+    QString loadingMouthLabel;
+    QString ventTitle;
+    QString ventHeightLabel;
+    QString ventDistanceLabel;
+
+    // gOperacaoItem of the tank level.
+    QString incluirTanque;
+    QString alterarTanque;
+
+    // Messages that differ between the two families.
+    QString noTankYet;
+    QString compartmentsComplete;
+    QString numberRequired;
+    QString numberInvalid;
+    QString numberTaken;
+    QString countLowered;
+    QString deleteTankQuestion;
+    QString deleteCompartmentQuestion;
+    OwnerPanel::Texts ownerTexts;
+
+    // The fields of an aboveground tank: cmbIPOSCA; the fixed material list "Aço" / "Outros"
+    // with txtDMATRLOUTRO in place of the dictionary's list; cmbNBASE.
+    bool hasPosition = false;
+    bool fixedMaterials = false;
+    bool hasBase = false;
+};
+
+const TankFamily& undergroundTanks();
+const TankFamily& abovegroundTanks();
+
+// The labels that the tank grids show for stored codes.
+const QHash<QString, QString>& situacaoLabels();     // ISITCA
+const QHash<QString, QString>& proprietarioLabels(); // IPROPR
+const QHash<QString, QString>& posicaoLabels();      // IPOSCA
+
+// The codes of the aboveground tank's fixed material list.
+inline constexpr int kMaterialAco = 10;
+inline constexpr int kMaterialOutros = 9;
+
+} // namespace fuel
