@@ -1,8 +1,8 @@
 // The agency's import: the driver's checks and refusals, the readers of the joined file, the
 // backup and the wipe.
-#include "ImportFixture.h"
 #include "exchange/Exporter.h"
 #include "exchange/Tokeniser.h"
+#include "support/ImportFixture.h"
 
 #include <QRegularExpression>
 #include <QSqlQuery>

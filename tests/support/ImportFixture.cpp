@@ -1,4 +1,4 @@
-#include "ImportFixture.h"
+#include "support/ImportFixture.h"
 
 #include "exchange/Cp1252.h"
 #include "exchange/Layout.h"
