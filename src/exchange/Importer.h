@@ -46,6 +46,9 @@ public:
     };
 
     explicit Importer(store::Database& db);
+    ~Importer();
+    Importer(const Importer&) = delete;
+    Importer& operator=(const Importer&) = delete;
 
     void setRefusal(Refusal refusal) { m_refusal = std::move(refusal); }
     void setProgress(Progress progress) { m_progress = std::move(progress); }
@@ -72,6 +75,9 @@ private:
     void refuse(const QString& message);
 
     store::Database& m_db;
+    QVariant m_journalMode; // the database's own, put back at the end of the batch
+    QVariant m_synchronous;
+    QVariant m_checkpoint;
     Readers m_readers;
     Refusal m_refusal;
     Progress m_progress;
