@@ -36,7 +36,7 @@ test: build
 # for another size). Not part of the tests. Built as a release for figures that mean something.
 REGISTERS ?= 10000
 bench:
-	$(MAKE) --no-print-directory build BUILD=build-bench CMAKE_FLAGS="-DCMAKE_BUILD_TYPE=Release"
+	$(MAKE) --no-print-directory build-bench/build.ninja BUILD=build-bench CMAKE_FLAGS="-DCMAKE_BUILD_TYPE=Release"
 	cmake --build build-bench --target import_bench -j $(JOBS)
 	build-bench/bench/import_bench $(REGISTERS)
 
