@@ -3,7 +3,7 @@ BUILD ?= build
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=Debug
 JOBS ?= $(shell nproc)
 
-.PHONY: all bootstrap build run demo test asan format format-check clean
+.PHONY: all bootstrap build run demo test bench asan format format-check clean
 
 all: build
 
@@ -32,6 +32,14 @@ demo: build
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
+# The import of 10,000 joined files beside a plain bulk insert of the same rows (REGISTERS=N
+# for another size). Not part of the tests. Built as a release for figures that mean something.
+REGISTERS ?= 10000
+bench:
+	$(MAKE) --no-print-directory build-bench/build.ninja BUILD=build-bench CMAKE_FLAGS="-DCMAKE_BUILD_TYPE=Release"
+	cmake --build build-bench --target import_bench -j $(JOBS)
+	build-bench/bench/import_bench $(REGISTERS)
+
 # The same tests under AddressSanitizer and UBSan, in a build directory of their own.
 asan:
 	$(MAKE) --no-print-directory test BUILD=build-asan CMAKE_FLAGS="-DCMAKE_BUILD_TYPE=Debug -DVOR_SANITIZE=ON"
@@ -43,4 +51,4 @@ format-check:
 	clang-format --dry-run --Werror $$(git ls-files '*.cpp' '*.h')
 
 clean:
-	rm -rf build build-asan
+	rm -rf build build-asan build-bench

@@ -6,6 +6,7 @@
 #include "establishment/RegisterRecord.h"
 #include "exchange/ExportFailure.h"
 #include "exchange/Exporter.h"
+#include "exchange/Importer.h"
 #include "fuel/FuelScreens.h"
 #include "rules/Formats.h"
 #include "shell/MainWindow.h"
@@ -49,6 +50,9 @@ void describe(QCommandLineParser& parser, const QString& command) {
                        "  vor summary --database FILE      print what the database holds\n"
                        "  vor export --database FILE --register CODE --dir DIR\n"
                        "                                   write REUNIDO_<CNPJ>.TXT of a register\n"
+                       "  vor import --database FILE --yes DIR\n"
+                       "                                   wipe the registers, then read every "
+                       "joined file of DIR\n"
                        "  vor print --database FILE --register CODE --pdf OUT.pdf\n"
                        "                                   the memorial of a register as PDF\n"
                        "  vor demo-register --database FILE  create a sample register and list "
@@ -126,6 +130,43 @@ int runExport(const QString& path, const QString& code, const QString& directory
         err() << "vor export: " << failure.message() << Qt::endl;
     } catch (const store::Failure& failure) {
         err() << "vor export: " << store::databaseErrorText(failure) << Qt::endl;
+    }
+    return 1;
+}
+
+// The agency's batch without questions: --yes stands for the answer to "Continuar
+// Importação?". Refusals go to stderr and do not stop the batch; exit 1 only when the batch
+// could not run or was stopped.
+int runImport(const QString& path, const QString& directory) {
+    if (exchange::Importer::batchFiles(directory).isEmpty()) {
+        err() << "vor import: " << directory << ": " << exchange::kChooseDirectoryText << Qt::endl;
+        return 1;
+    }
+    auto db = openForCommand(path);
+    if (!db)
+        return 1;
+    exchange::Importer importer(*db);
+    importer.setRefusal([](const QString& message) { err() << message << Qt::endl; });
+    try {
+        const QStringList files = exchange::Importer::batchFiles(directory);
+        out() << "Cópia de segurança do banco anterior: " << importer.backup() << Qt::endl;
+        importer.wipe();
+        int imported = 0;
+        for (const QString& name : files) {
+            if (importer.importFile(directory, name) == exchange::Importer::FileOutcome::Imported)
+                ++imported;
+        }
+        out() << "Total de Arquivos Existentes no Diretório : " << files.size() << Qt::endl;
+        out() << "Total de Arquivos Importados : " << imported << Qt::endl;
+        out() << exchange::kDoneText << Qt::endl;
+        return 0;
+    } catch (const exchange::Importer::Stopped& stopped) {
+        err() << "vor import: " << stopped.message() << Qt::endl;
+    } catch (const store::Failure& failure) {
+        err() << "vor import: "
+              << (failure.fromDatabase() ? store::databaseErrorText(failure)
+                                         : failure.description())
+              << Qt::endl;
     }
     return 1;
 }
@@ -248,12 +289,15 @@ int runCommandLine(int argc, char* argv[]) {
     QCoreApplication::setApplicationName(QStringLiteral("vor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
     QCommandLineParser parser;
-    describe(parser, QStringLiteral("init | summary | export | demo-register"));
+    describe(parser, QStringLiteral("init | summary | export | import | demo-register"));
     parser.addOption({QStringLiteral("register"),
                       QStringLiteral("export: the register, NMUNCP \"000\" + NSEQNC \"0000\"."),
                       QStringLiteral("CODE")});
     parser.addOption({QStringLiteral("dir"), QStringLiteral("export: the target directory."),
                       QStringLiteral("DIR")});
+    parser.addOption({QStringLiteral("yes"),
+                      QStringLiteral("import: go on without asking; the database's registers are "
+                                     "replaced by those of the files.")});
     parser.process(application);
 
     const QStringList args = parser.positionalArguments();
@@ -282,6 +326,19 @@ int runCommandLine(int argc, char* argv[]) {
             return 2;
         }
         return runExport(database, code, directory);
+    }
+    if (command == QLatin1String("import")) {
+        const QString directory = args.value(1);
+        if (database.isEmpty() || directory.isEmpty() || args.size() > 2) {
+            err() << "vor import: --database FILE and a directory DIR are required" << Qt::endl;
+            return 2;
+        }
+        if (!parser.isSet(QStringLiteral("yes"))) {
+            err() << "vor import: the import wipes every register of " << database
+                  << " first; add --yes to go on" << Qt::endl;
+            return 2;
+        }
+        return runImport(database, directory);
     }
     err() << "vor: unknown command '" << command << "'" << Qt::endl;
     parser.showHelp(2);

@@ -1,7 +1,6 @@
 #include "app/Paths.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace app {
@@ -27,25 +26,6 @@ QString databasePath(const QString& commandLineArgument) {
 QString incomingDatabasePath(const QString& databasePath) {
     const QFileInfo info(databasePath);
     return joinPath(joinPath(info.absolutePath(), QStringLiteral("incoming")), info.fileName());
-}
-
-IncomingOutcome takeIncomingDatabase(const QString& databasePath) {
-    const QString incoming = incomingDatabasePath(databasePath);
-    if (!QFileInfo::exists(incoming))
-        return IncomingOutcome::Nothing;
-    if (QFileInfo::exists(databasePath))
-        return IncomingOutcome::BothKept;
-    QDir().mkpath(QFileInfo(databasePath).absolutePath());
-    if (QFile::rename(incoming, databasePath))
-        return IncomingOutcome::MovedInto;
-    // Across file systems a rename fails: copy, and remove the original only once the copy
-    // is complete.
-    if (QFile::copy(incoming, databasePath)) {
-        QFile::remove(incoming);
-        return IncomingOutcome::MovedInto;
-    }
-    QFile::remove(databasePath);
-    return IncomingOutcome::MoveFailed;
 }
 
 } // namespace app

@@ -18,14 +18,4 @@ QString databasePath(const QString& commandLineArgument);
 // in use, with the same file name.
 QString incomingDatabasePath(const QString& databasePath);
 
-enum class IncomingOutcome {
-    Nothing,    // no database waiting
-    MovedInto,  // the waiting database became the one in use
-    BothKept,   // a database is waiting and one is in use: both stay untouched
-    MoveFailed, // the waiting database could not be moved; it stays where it was
-};
-
-// Moves a waiting database into place when none is in use yet.
-IncomingOutcome takeIncomingDatabase(const QString& databasePath);
-
 } // namespace app

@@ -1,24 +1,114 @@
 #include "app/Startup.h"
 
+#include "exchange/CarryOver.h"
+#include "exchange/ExportFailure.h"
+#include "exchange/TableReader.h"
+#include "store/Backup.h"
+#include "store/Database.h"
+#include "store/Failure.h"
 #include "ui/Dialogs.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 namespace app {
 
-void reportIncoming(IncomingOutcome outcome, const QString& databasePath) {
+namespace {
+
+IncomingResult failed(const QString& work, const QString& detail) {
+    QFile::remove(work);
+    IncomingResult result;
+    result.outcome = IncomingOutcome::CarryOverFailed;
+    result.detail = detail;
+    return result;
+}
+
+IncomingResult carryOverInto(const QString& incoming, const QString& databasePath) {
+    const QString work = incoming + QStringLiteral(".transferindo");
+    QFile::remove(work);
+    if (!QFile::copy(incoming, work))
+        return failed(work, QStringLiteral("Não foi possível copiar ") + incoming);
+
+    IncomingResult result;
+    try {
+        const QTemporaryDir scratch;
+        if (!scratch.isValid())
+            return failed(work, QStringLiteral("Não foi possível criar uma pasta temporária."));
+        store::Database old(databasePath);
+        store::Database fresh(work);
+        result.registers = exchange::carryOver(old, fresh, scratch.path());
+    } catch (const store::Failure& failure) {
+        return failed(work, failure.fromDatabase() ? store::databaseErrorText(failure)
+                                                   : failure.description());
+    } catch (const exchange::ExportFailure& failure) {
+        return failed(work, failure.message());
+    } catch (const exchange::UnreadableField& unreadable) {
+        return failed(work, QStringLiteral("O valor \"%1\" do campo %2 da tabela %3 não pôde ser "
+                                           "transferido.")
+                                .arg(unreadable.field(), unreadable.column(), unreadable.table()));
+    }
+
+    result.backupPath = store::backupPath(databasePath, QDateTime::currentDateTime());
+    QDir().mkpath(QFileInfo(result.backupPath).absolutePath());
+    if (!QFile::rename(databasePath, result.backupPath))
+        return failed(work, QStringLiteral("Não foi possível guardar ") + databasePath);
+    if (!QFile::rename(work, databasePath)) {
+        QFile::rename(result.backupPath, databasePath);
+        return failed(work, QStringLiteral("Não foi possível gravar ") + databasePath);
+    }
+    QFile::remove(incoming);
+    result.outcome = IncomingOutcome::CarriedOver;
+    return result;
+}
+
+} // namespace
+
+IncomingResult takeIncomingDatabase(const QString& databasePath) {
     const QString incoming = incomingDatabasePath(databasePath);
-    switch (outcome) {
+    IncomingResult result;
+    if (!QFileInfo::exists(incoming))
+        return result;
+    if (QFileInfo::exists(databasePath))
+        return carryOverInto(incoming, databasePath);
+    QDir().mkpath(QFileInfo(databasePath).absolutePath());
+    result.outcome = IncomingOutcome::MovedInto;
+    if (QFile::rename(incoming, databasePath))
+        return result;
+    // Across file systems a rename fails: copy, and remove the original only once the copy
+    // is complete.
+    if (QFile::copy(incoming, databasePath)) {
+        QFile::remove(incoming);
+        return result;
+    }
+    QFile::remove(databasePath);
+    result.outcome = IncomingOutcome::MoveFailed;
+    return result;
+}
+
+void reportIncoming(const IncomingResult& result, const QString& databasePath) {
+    const QString incoming = incomingDatabasePath(databasePath);
+    switch (result.outcome) {
     case IncomingOutcome::Nothing:
     case IncomingOutcome::MovedInto:
         return;
-    case IncomingOutcome::BothKept:
+    case IncomingOutcome::CarriedOver:
         ui::dialogs().message(
             ui::kTitle,
-            QStringLiteral("Há um banco de dados novo aguardando em:\n%1\n\nO banco em uso (%2) "
-                           "guarda os seus cadastros e continua sendo usado. Uma versão "
-                           "posterior do VOR transferirá os cadastros para o banco novo; até "
-                           "lá, os dois arquivos ficam como estão.")
-                .arg(incoming, databasePath),
+            QStringLiteral("Os cadastros do banco de dados em uso foram transferidos para o "
+                           "banco de dados novo.\n\nO arquivo anterior foi guardado em:\n%1")
+                .arg(result.backupPath),
             ui::Icon::Information);
+        return;
+    case IncomingOutcome::CarryOverFailed:
+        ui::dialogs().message(
+            ui::kTitle,
+            QStringLiteral("Não foi possível transferir os cadastros para o banco de dados "
+                           "novo:\n%1\n\nO banco em uso (%2) continua sendo usado; o novo "
+                           "continua aguardando em:\n%3")
+                .arg(result.detail, databasePath, incoming),
+            ui::Icon::Warning);
         return;
     case IncomingOutcome::MoveFailed:
         ui::dialogs().message(

@@ -1,6 +1,7 @@
 #include "shell/Hooks.h"
 
 #include "shell/ExportPanel.h"
+#include "shell/ImportScreens.h"
 #include "shell/MainWindow.h"
 #include "shell/PrintChooser.h"
 #include "ui/Dialogs.h"
@@ -12,10 +13,6 @@
 namespace shell {
 
 namespace {
-
-Hooks::MainEntry notAvailableEntry(const QString& function) {
-    return [function](MainWindow&, ui::Session&) { reportNotAvailable(function); };
-}
 
 Hooks firstHooks() {
     Hooks h;
@@ -29,7 +26,7 @@ Hooks firstHooks() {
     h.suggestions = [](MainWindow& window, ui::Session&) {
         window.chooseRegister(RegisterChooser::Purpose::Suggestions);
     };
-    h.importMemorial = notAvailableEntry(QStringLiteral("A Importação do Memorial"));
+    h.importMemorial = [](MainWindow& window, ui::Session&) { openImport(window); };
     h.exportRegister = [](QuestionnaireFrame& frame, ui::Session&, const store::RegisterKey& key) {
         const std::optional<QString> directory =
             ui::chooseExportDirectory(&frame, lastExportDirectory());

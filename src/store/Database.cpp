@@ -30,6 +30,8 @@ const std::vector<std::function<void(Database&)>> kMigrations = {
             db.run(createTableSql(t));
         loadReferenceData(db);
     },
+    // 1 -> 2: the import looks every file's company up by its CNPJ.
+    [](Database& db) { db.run(QStringLiteral("CREATE INDEX EMPRS_CCGC ON EMPRS (CCGC)")); },
 };
 
 } // namespace

@@ -12,7 +12,7 @@ namespace store {
 // PRAGMA user_version, never dropping a row. Every failure is thrown as a store::Failure.
 class Database {
 public:
-    static constexpr int kSchemaVersion = 1;
+    static constexpr int kSchemaVersion = 2;
 
     explicit Database(const QString& path);
     ~Database();

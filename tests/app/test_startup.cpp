@@ -1,7 +1,10 @@
 #include "app/Paths.h"
 #include "app/Startup.h"
+#include "exchange/Exporter.h"
 #include "rules/Formats.h"
 #include "shell/StartupChecks.h"
+#include "store/Database.h"
+#include "support/ImportFixture.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
 
@@ -69,36 +72,102 @@ private slots:
                                QStringLiteral("/vor/incoming/VOR-POSTO.db"));
         writeFile(incoming, "nova versão");
 
-        const app::IncomingOutcome outcome = app::takeIncomingDatabase(db);
-        app::reportIncoming(outcome, db);
-        QCOMPARE(outcome, app::IncomingOutcome::MovedInto);
+        const app::IncomingResult result = app::takeIncomingDatabase(db);
+        app::reportIncoming(result, db);
+        QCOMPARE(result.outcome, app::IncomingOutcome::MovedInto);
         QCOMPARE(readFile(db), QByteArray("nova versão"));
         QVERIFY(!QFile::exists(incoming));
         QVERIFY(dialogs.shown().isEmpty());
     }
 
-    void bothDatabasesAreKeptUntouchedAndTheUserIsTold() {
+    // A new database waiting while one is in use gets every register of the one in use, and
+    // its objective; the old file is kept as a backup.
+    void theCarryOverKeepsEveryRegister() {
         testsupport::TestEnvironment env;
         testsupport::ScriptedDialogs dialogs;
         const QString db = app::databasePath(QString());
         const QString incoming = app::incomingDatabasePath(db);
-        writeFile(db, "cadastros do posto");
-        writeFile(incoming, "nova versão");
+        {
+            store::Database old(db);
+            testsupport::loadFixture(old, QStringLiteral("full_register.sql"));
+            QDir().mkpath(QFileInfo(incoming).absolutePath());
+            store::Database fresh(incoming);
+        }
+        const QByteArray oldBytes = readFile(db);
 
-        const app::IncomingOutcome outcome = app::takeIncomingDatabase(db);
-        app::reportIncoming(outcome, db);
-        QCOMPARE(outcome, app::IncomingOutcome::BothKept);
-        QCOMPARE(readFile(db), QByteArray("cadastros do posto"));
-        QCOMPARE(readFile(incoming), QByteArray("nova versão"));
+        const app::IncomingResult result = app::takeIncomingDatabase(db);
+        app::reportIncoming(result, db);
+        QCOMPARE(result.outcome, app::IncomingOutcome::CarriedOver);
+        QCOMPARE(result.registers, 2);
+        QVERIFY(!QFile::exists(incoming));
+        QVERIFY(!QFile::exists(incoming + QStringLiteral(".transferindo")));
+        QCOMPARE(QFileInfo(result.backupPath).absolutePath(),
+                 QFileInfo(db).absolutePath() + QStringLiteral("/backups"));
+        QCOMPARE(readFile(result.backupPath), oldBytes);
         QCOMPARE(dialogs.shown().size(), 1);
+        QVERIFY(dialogs.last().text.contains(result.backupPath));
+
+        // The dump of each register reads the same from both files, but for what the dump's
+        // readers never take back: SSEMPAVMN (and ALEVNT, which the dump does not write).
+        store::Database before(result.backupPath);
+        store::Database after(db);
+        for (const store::RegisterKey key : {store::RegisterKey{100, 3}, {100, 4}}) {
+            const QString a = env.path(QStringLiteral("antes-%1").arg(key.code()));
+            const QString b = env.path(QStringLiteral("depois-%1").arg(key.code()));
+            QDir().mkpath(a);
+            QDir().mkpath(b);
+            const QStringList written =
+                exchange::Exporter(before).dumpTables(key, a, exchange::Purpose::DatabaseDump);
+            exchange::Exporter(after).dumpTables(key, b, exchange::Purpose::DatabaseDump);
+            QCOMPARE(QDir(b).entryList(QDir::Files), QDir(a).entryList(QDir::Files));
+            for (const QString& path : written) {
+                const QString name = QFileInfo(path).fileName();
+                QByteArray expected = readFile(path);
+                if (name.startsWith(QStringLiteral("TB_POSTOAREADESCARGA_")))
+                    expected.replace("\xAC"
+                                     "1\r",
+                                     "\xACNull\r");
+                // An empty text is written as nothing and read back as Null.
+                if (name.startsWith(QStringLiteral("TB_POSTORESPN_")))
+                    expected.replace("\xAC\r", "\xACNull\r");
+                QCOMPARE(readFile(b + QLatin1Char('/') + name), expected);
+            }
+        }
+        QCOMPARE(after
+                     .scalar(QStringLiteral("SELECT IMOVMN || ' ' || ADOCMNINCLR FROM "
+                                            "TB_VORpMOVMN"))
+                     .toString(),
+                 QStringLiteral("C 2003-03-14 10:00:00"));
+        QVERIFY(after.scalar(QStringLiteral("SELECT ALEVNT FROM TB_POSTO")).isNull());
+    }
+
+    void aFailedCarryOverLeavesBothFilesAsTheyWere() {
+        testsupport::TestEnvironment env;
+        testsupport::ScriptedDialogs dialogs;
+        const QString db = app::databasePath(QString());
+        const QString incoming = app::incomingDatabasePath(db);
+        {
+            store::Database old(db);
+            old.run(QStringLiteral("INSERT INTO EMPRS (NMUNCP, NSEQNC, CCGC) VALUES (1, 1, 1)"));
+        }
+        writeFile(incoming, QByteArray(4096, 'x'));
+        const QByteArray oldBytes = readFile(db);
+
+        const app::IncomingResult result = app::takeIncomingDatabase(db);
+        app::reportIncoming(result, db);
+        QCOMPARE(result.outcome, app::IncomingOutcome::CarryOverFailed);
+        QCOMPARE(readFile(db), oldBytes);
+        QCOMPARE(readFile(incoming), QByteArray(4096, 'x'));
+        QVERIFY(!QFile::exists(incoming + QStringLiteral(".transferindo")));
+        QVERIFY(!QDir(QFileInfo(db).absolutePath() + QStringLiteral("/backups")).exists());
+        QCOMPARE(dialogs.last().icon, ui::Icon::Warning);
         QVERIFY(dialogs.last().text.contains(incoming));
-        QVERIFY(dialogs.last().text.contains(QStringLiteral("transferirá os cadastros")));
     }
 
     void nothingWaitingMeansNothingHappens() {
         testsupport::TestEnvironment env;
         const QString db = app::databasePath(QString());
-        QCOMPARE(app::takeIncomingDatabase(db), app::IncomingOutcome::Nothing);
+        QCOMPARE(app::takeIncomingDatabase(db).outcome, app::IncomingOutcome::Nothing);
         QVERIFY(!QFile::exists(db));
     }
 

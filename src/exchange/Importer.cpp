@@ -1,0 +1,311 @@
+#include "exchange/Importer.h"
+
+#include "exchange/ExportFailure.h"
+#include "exchange/Exporter.h"
+#include "exchange/Tokeniser.h"
+#include "rules/CheckDigits.h"
+#include "store/Backup.h"
+#include "store/Database.h"
+#include "store/Failure.h"
+
+#include <QDir>
+#include <QFile>
+#include <cerrno>
+#include <limits>
+
+namespace exchange {
+
+namespace {
+
+// The fields of the EMPRS row that the driver looks at (1-based, as the row stands).
+constexpr int kDriverFields = 19;
+constexpr int kNmuncpField = 1;
+constexpr int kNseqncField = 2;
+constexpr int kRazaoSocialField = 4;
+constexpr int kCcgcField = 13;
+constexpr int kAcadstField = 19;
+
+const TableLayout& emprsLayout() {
+    return layout("EMPRS");
+}
+
+// The sections whose header the readers of the joined file know, in their order.
+std::vector<const TableLayout*> readSections() {
+    std::vector<const TableLayout*> result;
+    for (const TableLayout* l : joinedSections()) {
+        if (l->sectionHeaderRead)
+            result.push_back(l);
+    }
+    return result;
+}
+
+// A register number of the file: a 16-bit integer, or nothing.
+std::optional<int> registerNumber(const QString& field) {
+    bool ok = false;
+    const int value = field.trimmed().toInt(&ok);
+    if (!ok || value < std::numeric_limits<qint16>::min() ||
+        value > std::numeric_limits<qint16>::max())
+        return std::nullopt;
+    return value;
+}
+
+QString readFailureText(int error, const QString& path, const QString& detail) {
+    switch (ExportFailure::fromErrno(error, path, detail).reason()) {
+    case ExportFailure::Reason::MediumMissing:
+        return kMediumMissingText;
+    case ExportFailure::Reason::WriteProtected:
+        return kWriteProtectedText;
+    default:
+        return QStringLiteral("Não foi possível ler o arquivo %1: %2").arg(path, detail);
+    }
+}
+
+// The key bound as the number it is, so that it meets CCGC as a number.
+QVariant keyValue(const QString& key) {
+    bool ok = false;
+    const qlonglong number = key.toLongLong(&ok);
+    return ok ? QVariant(number) : QVariant(key);
+}
+
+bool companyRegistered(store::Database& db, const QString& key) {
+    return db.scalar(QStringLiteral("SELECT CCGC FROM EMPRS WHERE CCGC = ?"), {keyValue(key)})
+        .isValid();
+}
+
+} // namespace
+
+QString corruptFileText(const QString& name) {
+    return QStringLiteral("O Arquivo ") + name +
+           QStringLiteral(" possui dados que não podem ser importados por este sistema, "
+                          "possivelmente podem estar corrompidos.");
+}
+
+QString invalidCnpjText(const QString& name) {
+    return QStringLiteral("O Arquivo ") + name +
+           QStringLiteral(" possui o CNPJ inválido, não poderá ser importado");
+}
+
+QString registeredCompanyText(const QString& company, const QString& key) {
+    return QStringLiteral("Empresa ") + company + QStringLiteral(" com CNPJ ") + key +
+           QStringLiteral(" já cadastrada.");
+}
+
+QString fileKeyMismatchText(const QString& name, const QString& key) {
+    return QStringLiteral("Arquivo ") + name + QStringLiteral(" com CNPJ ") + key +
+           QStringLiteral(" não pode ser importado");
+}
+
+QString emptyFileText(const QString& name) {
+    return QStringLiteral("O Arquivo ") + name + QStringLiteral(" está vazio.");
+}
+
+QString fileFailedText(const QString& name, const QString& detail) {
+    return QStringLiteral("O Arquivo ") + name +
+           QStringLiteral(" não foi importado; nada dele foi gravado.\n\n") + detail;
+}
+
+Importer::Stopped::Stopped(QString message)
+    : std::runtime_error(message.toStdString())
+    , m_message(std::move(message)) {}
+
+Importer::Importer(store::Database& db)
+    : m_db(db)
+    , m_readers(db, Source::JoinedFile) {
+    // A transaction per file would otherwise wait for the disk at every file. With a
+    // write-ahead log a commit is still atomic and a crash still loses no committed file, but
+    // the disk is synchronised at checkpoints rather than at each commit.
+    m_journalMode = m_db.scalar(QStringLiteral("PRAGMA journal_mode"));
+    m_synchronous = m_db.scalar(QStringLiteral("PRAGMA synchronous"));
+    m_db.scalar(QStringLiteral("PRAGMA journal_mode = WAL"));
+    m_db.run(QStringLiteral("PRAGMA synchronous = NORMAL"));
+    m_checkpoint = m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint"));
+    m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint = 16384"));
+}
+
+Importer::~Importer() {
+    // PRAGMA takes no bound parameter; the values are those the database gave above.
+    try {
+        if (m_journalMode.isValid())
+            m_db.scalar(QStringLiteral("PRAGMA journal_mode = %1").arg(m_journalMode.toString()));
+        if (m_checkpoint.isValid())
+            m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint = %1").arg(m_checkpoint.toInt()));
+        if (m_synchronous.isValid())
+            m_db.run(QStringLiteral("PRAGMA synchronous = %1").arg(m_synchronous.toInt()));
+    } catch (const store::Failure&) {
+        // Left in the faster mode the database is as safe; nothing to tell the user.
+    }
+}
+
+QStringList Importer::batchFiles(const QString& directory) {
+    if (directory.isEmpty())
+        return {};
+    // Name filters of QDir ignore case: "*.txt" also finds REUNIDO_....TXT.
+    return QDir(directory).entryList({QStringLiteral("*.txt")}, QDir::Files | QDir::Readable,
+                                     QDir::Name);
+}
+
+int Importer::sectionSteps() {
+    return int(readSections().size());
+}
+
+void Importer::refuse(const QString& message) {
+    if (m_refusal)
+        m_refusal(message);
+}
+
+QString Importer::backup() {
+    return store::writeBackup(m_db);
+}
+
+void Importer::wipe() {
+    store::Transaction transaction(m_db);
+    for (std::string_view table : store::registerDeleteOrder())
+        m_db.run(QStringLiteral("DELETE FROM \"%1\"")
+                     .arg(QString::fromLatin1(table.data(), qsizetype(table.size()))));
+    transaction.commit();
+}
+
+Importer::Summary Importer::run(const QString& directory) {
+    const QStringList files = batchFiles(directory);
+    if (files.isEmpty())
+        throw Stopped(kChooseDirectoryText);
+    Summary summary;
+    summary.existing = int(files.size());
+    summary.backupPath = backup();
+    wipe();
+    for (const QString& name : files) {
+        if (importFile(directory, name) == FileOutcome::Imported)
+            ++summary.imported;
+    }
+    return summary;
+}
+
+Importer::FileOutcome Importer::importFile(const QString& directory, const QString& name) {
+    const QString path = filePath(directory, name);
+    QFile file(path);
+    errno = 0;
+    if (!file.open(QIODevice::ReadOnly))
+        throw Stopped(readFailureText(errno, path, file.errorString()));
+    errno = 0;
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw Stopped(readFailureText(errno, path, file.errorString()));
+    LineReader lines(bytes);
+
+    // The EMPRS row: the first line that is not its header. An empty line first ends the
+    // file's treatment with nothing read, and the file counts as handled.
+    QString emprsLine;
+    FieldTokeniser fields;
+    while (true) {
+        if (lines.atEnd()) {
+            refuse(emptyFileText(name));
+            return FileOutcome::Refused;
+        }
+        emprsLine = lines.nextRawLine();
+        if (emprsLine.isEmpty())
+            return FileOutcome::Imported;
+        fields.reset(emprsLine);
+        if (fields.next().trimmed() != sectionHeader(QStringLiteral("EMPRS")))
+            break;
+    }
+    fields.rewind();
+    const QStringList row = fields.take(kDriverFields);
+    const QString ccgc = row[kCcgcField - 1].trimmed();
+    const QString company = row[kRazaoSocialField - 1];
+
+    // The key of the file: CCGC in fourteen digits, or for the placeholder of a company
+    // without CNPJ the middle of the file name ("REUNIDO_" before it, ".TXT" behind it).
+    bool numeric = false;
+    const qlonglong ccgcNumber = ccgc.toLongLong(&numeric);
+    const bool placeholder = numeric && ccgcNumber == kPlaceholderCnpj.toLongLong();
+    QString key;
+    if (placeholder)
+        key = name.mid(8, std::max<qsizetype>(0, name.size() - 12));
+    else if (numeric)
+        key = QStringLiteral("%1").arg(ccgcNumber, 14, 10, QLatin1Char('0'));
+    const bool checked = !placeholder;
+
+    const std::optional<int> nmuncp = registerNumber(row[kNmuncpField - 1]);
+    std::optional<int> nseqnc = registerNumber(row[kNseqncField - 1]);
+    // A CCGC that is no number at all is as unreadable as a missing one.
+    if (!nmuncp || !nseqnc || (!numeric && !placeholder) || isNullField(key)) {
+        refuse(corruptFileText(name));
+        return FileOutcome::Refused;
+    }
+    if (checked && !rules::validaCgcCpf(key)) {
+        refuse(invalidCnpjText(name));
+        return FileOutcome::Refused;
+    }
+    if (companyRegistered(m_db, key)) {
+        refuse(registeredCompanyText(company, key));
+        return FileOutcome::Refused;
+    }
+    // A pair taken by an earlier file of the batch: the whole register gets the next
+    // sequence of the table, whatever its municipality.
+    if (m_db.scalar(QStringLiteral("SELECT 1 FROM EMPRS WHERE NMUNCP = ? AND NSEQNC = ?"),
+                    {*nmuncp, *nseqnc})
+            .isValid())
+        nseqnc = m_db.scalar(QStringLiteral("SELECT MAX(NSEQNC) + 1 FROM EMPRS")).toInt();
+
+    // The readers rebuild the file's name from the key; a file under another name is not
+    // theirs to read.
+    if (joinedFileName(key).compare(name, Qt::CaseInsensitive) != 0) {
+        refuse(fileKeyMismatchText(name, key));
+        return placeholder ? FileOutcome::Imported : FileOutcome::Refused;
+    }
+
+    RowContext context;
+    context.nmuncp = *nmuncp;
+    context.nseqnc = *nseqnc;
+    try {
+        context.ainfrm = fieldValue(row[kAcadstField - 1], emprsLayout().table->column("ACADST"),
+                                    false, emprsLayout().qname());
+        store::Transaction transaction(m_db);
+        readRegister(lines, emprsLine, context);
+        transaction.commit();
+    } catch (const UnreadableField&) {
+        refuse(corruptFileText(name));
+        return FileOutcome::Refused;
+    } catch (const store::Failure& failure) {
+        refuse(fileFailedText(name, failure.fromDatabase() ? store::databaseErrorText(failure)
+                                                           : failure.description()));
+        return FileOutcome::Refused;
+    }
+
+    if (checked && !companyRegistered(m_db, key))
+        return FileOutcome::Refused;
+    return FileOutcome::Imported;
+}
+
+void Importer::readRegister(LineReader& lines, const QString& emprsLine,
+                            const RowContext& context) {
+    const std::vector<const TableLayout*> sections = readSections();
+    const int steps = int(sections.size());
+    int entered = 1;
+    if (m_progress)
+        m_progress(entered, steps);
+
+    FieldTokeniser fields(emprsLine);
+    std::size_t current = 0; // EMPRS
+    m_readers.of(*sections[current]).readRow(fields, fields.next(), context);
+
+    // A header counts only behind the section in hand; any other line is a row of it.
+    for (QString line = lines.nextLine(); !line.isNull(); line = lines.nextLine()) {
+        fields.reset(line);
+        const QString first = fields.next();
+        std::size_t next = current + 1;
+        while (next < sections.size() && first != sectionHeader(sections[next]->qname()))
+            ++next;
+        if (next < sections.size()) {
+            current = next;
+            if (m_progress)
+                m_progress(++entered, steps);
+            continue;
+        }
+        m_readers.of(*sections[current]).readRow(fields, first, context);
+    }
+    if (m_progress)
+        m_progress(steps, steps);
+}
+
+} // namespace exchange
