@@ -2,6 +2,7 @@
 #include "support/FakeHost.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
+#include "ui/FieldBehaviour.h"
 #include "ui/ListScreen.h"
 #include "ui/MaintenanceScreen.h"
 
@@ -119,6 +120,9 @@ class TestPumps : public QObject {
     }
     int dataRowsOfLinks() {
         return find<QTableWidget>(QStringLiteral("fgrBombaCompar"))->rowCount();
+    }
+    bool clipTextIsEmpty(const QString& name) {
+        return ui::clipText(find<QLineEdit>(name)).isEmpty();
     }
     void shot(const QString& name) {
         QCoreApplication::processEvents();
@@ -406,6 +410,28 @@ private slots:
         QCOMPARE(count("Select Count(*) From TB_POSTOBOMBA"), 1);
     }
 
+    void leavingTheDates() {
+        openList();
+        click(QStringLiteral("cmdIncluir"));
+        type(QStringLiteral("mskAINSTL"), QStringLiteral("31/13/2001"));
+        QVERIFY(find<QLineEdit>(QStringLiteral("mskAINSTL"))->hasFocus());
+        type(QStringLiteral("mskAINSTL"), QStringLiteral("15/03/2010"));
+        choose(QStringLiteral("cmbitesteestnq"), QStringLiteral("Realizado"));
+        QVERIFY(find<QLineEdit>(QStringLiteral("mskATESTEESTNQ"))->isEnabled());
+        type(QStringLiteral("mskATESTEESTNQ"),
+             QDate::currentDate().addDays(1).toString(QStringLiteral("dd/MM/yyyy")));
+        // An earlier report than the installation passes: that order is never enforced.
+        type(QStringLiteral("mskATESTEESTNQ"), QStringLiteral("01/01/2001"));
+        QCOMPARE(messages(),
+                 QStringList({"critical: Preenchimento Incorreto da Data da Instalação",
+                              "critical: Data do Último Laudo de Integridade não deve ser maior "
+                              "que a Data Atual."}));
+        choose(QStringLiteral("cmbitesteestnq"), QStringLiteral("Não Disponível"));
+        QVERIFY(!find<QLineEdit>(QStringLiteral("mskATESTEESTNQ"))->isEnabled());
+        QVERIFY(clipTextIsEmpty(QStringLiteral("mskATESTEESTNQ")));
+        QVERIFY(find<QComboBox>(QStringLiteral("cmbIPROPR"))->hasFocus());
+    }
+
     void deletingAPumpTakesItsLinksAndOwner() {
         seedTank(kUnder, 1, QStringLiteral("TQ UM"), {kGasolina, kGasolina});
         seedPump(kUnder, 1, QStringLiteral("O"));
@@ -534,6 +560,17 @@ private slots:
         click(QStringLiteral("cmdOk"));
         QCOMPARE(messages(), QStringList{"critical: Número da Unidade de Abastecimento já está "
                                          "cadastrado, preencha com outro valor"});
+        m_dialogs->clear();
+        // The owner's CEP message is spelt right on this side.
+        choose(QStringLiteral("cmbIPROPR"), QStringLiteral("Outros"));
+        type(QStringLiteral("txtDRAZAOSOCIL"), QStringLiteral("DONO"));
+        type(QStringLiteral("txtDCONTT"), QStringLiteral("MARIA"));
+        type(QStringLiteral("txtDLOGRD"), QStringLiteral("RUA B"));
+        type(QStringLiteral("txtNLOGRD"), QStringLiteral("12"));
+        type(QStringLiteral("txtNBOMBA"), QStringLiteral("1"));
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList{"critical: Preenchimento Obrigatório do CEP"});
+        choose(QStringLiteral("cmbIPROPR"), QStringLiteral("Distribuidora"));
         m_dialogs->clear();
         // The underground pump 1 is other equipment.
         type(QStringLiteral("txtNBOMBA"), QStringLiteral("1"));
