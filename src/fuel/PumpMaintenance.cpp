@@ -65,6 +65,10 @@ PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family,
     m_nbomba->setMaximumWidth(60);
     textField(m_nident, family.identLength);
     m_nident->setAlignment(Qt::AlignCenter);
+    // As wide as its longest identification.
+    m_nident->setMinimumWidth(
+        m_nident->fontMetrics().horizontalAdvance(QString(family.identLength, QLatin1Char('N'))) +
+        16);
     dateField(m_ainstl);
     m_ainstl->setMaximumWidth(100);
     dateField(m_atesteestnq);
@@ -89,7 +93,7 @@ PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family,
     addField(pump, 1, 2, QStringLiteral("Tipo do Filtro"), m_nfiltro, m_fraBomba);
     pump->addWidget(laudo, 2, 0, 1, 6);
     addField(pump, 3, 0, QStringLiteral("Proprietário"), m_ipropr, m_fraBomba);
-    pump->setColumnStretch(3, 1);
+    pump->setColumnStretch(6, 1);
     // The identification comes first in the block's tab order, the number after it.
     setTabOrder(m_nident, m_nbomba);
     setTabOrder(m_nbomba, m_ainstl);
@@ -122,6 +126,7 @@ PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family,
         auto* linhaLayout = new QHBoxLayout(linha);
         linhaLayout->addWidget(new QLabel(QStringLiteral("Tipo"), linha));
         linhaLayout->addWidget(m_ilinha);
+        linha->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
         link->addWidget(linha, 1, 2, 1, 2);
     }
     link->setColumnStretch(4, 1);
