@@ -1,5 +1,6 @@
 #include "fuel/FuelScreens.h"
 
+#include "fuel/PumpList.h"
 #include "fuel/TankList.h"
 
 namespace fuel {
@@ -13,6 +14,14 @@ void registerScreens() {
                                        [](ui::ScreenHost& host, const ui::Sequence::Place&) {
                                            return new ui::ListScreen(host, abovegroundTankList());
                                        });
+    ui::ScreenRegistry::instance().add(
+        QStringLiteral("frmBomba"), [](ui::ScreenHost& host, const ui::Sequence::Place&) {
+            return new ui::ListScreen(host, pumpList(undergroundPumps()));
+        });
+    ui::ScreenRegistry::instance().add(
+        QStringLiteral("frmBombaAereo"), [](ui::ScreenHost& host, const ui::Sequence::Place&) {
+            return new ui::ListScreen(host, pumpList(abovegroundPumps()));
+        });
 }
 
 } // namespace fuel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+namespace store {
+class Database;
+}
+namespace ui {
+struct Session;
+}
+
+// The statements on pumps and their links to compartments that the underground and the
+// aboveground screens share; `itanqu` is "S" or "A" and keeps the two families apart.
+namespace fuel {
+
+// A pump with its links and its owner.
+void deletePump(store::Database& db, const ui::Session& session, const QString& itanqu,
+                const QVariant& nbomba);
+
+// One link of a pump to a compartment.
+void deleteLink(store::Database& db, const ui::Session& session, const QString& itanqu,
+                const QVariant& nbomba, const QVariant& ntanqu, const QVariant& ncompr);
+
+// The owner row of a pump goes; the owner panel writes it again when the owner is "Outros".
+void deletePumpOwner(store::Database& db, const ui::Session& session, const QString& itanqu,
+                     const QVariant& nbomba);
+
+// Whether a link of the pump to the compartment exists.
+bool linkExists(store::Database& db, const ui::Session& session, const QString& itanqu,
+                const QVariant& nbomba, const QVariant& ntanqu, const QVariant& ncompr);
+
+// The fuel (NCOMBS) of the compartment the pump's first link draws from; invalid when the pump
+// has no link or that compartment is gone.
+QVariant firstLinkFuel(store::Database& db, const ui::Session& session, const QString& itanqu,
+                       const QVariant& nbomba);
+
+// The fuel that a compartment stores; invalid when there is no such compartment.
+QVariant compartmentFuel(store::Database& db, const ui::Session& session, const QString& itanqu,
+                         const QVariant& ntanqu, const QVariant& ncompr);
+
+// The number at the head of a list or grid text such as "7 - TANQUE SETE": the digits before
+// the first "-" or blank.
+int leadingNumber(const QString& text);
+
+} // namespace fuel
