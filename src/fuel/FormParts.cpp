@@ -24,7 +24,7 @@ QComboBox* comboBox(const QString& name, QWidget* parent) {
     return combo;
 }
 
-void fixedList(QComboBox* combo, const QList<std::pair<QString, QString>>& items) {
+void fixedList(QComboBox* combo, const QList<std::pair<QString, QVariant>>& items) {
     for (const auto& [text, code] : items)
         combo->addItem(text, code);
     combo->setCurrentIndex(-1);

@@ -23,7 +23,7 @@ QLineEdit* lineEdit(const QString& name, QWidget* parent);
 QComboBox* comboBox(const QString& name, QWidget* parent);
 
 // A fixed list: the texts shown, the codes stored as the items' data.
-void fixedList(QComboBox* combo, const QList<std::pair<QString, QString>>& items);
+void fixedList(QComboBox* combo, const QList<std::pair<QString, QVariant>>& items);
 // A list from the database: column 1 the text shown, column 0 the code as the item's data.
 void databaseList(store::Database& db, QComboBox* combo, const QString& sql,
                   const QVariantList& values = {});

@@ -1,6 +1,7 @@
 #include "fuel/TankMaintenance.h"
 
 #include "fuel/FieldSupport.h"
+#include "fuel/FormParts.h"
 #include "fuel/OwnerPanel.h"
 #include "fuel/TankFamily.h"
 #include "fuel/TankRows.h"
@@ -23,57 +24,6 @@ namespace {
 const QString kIncluirCompartimento = QStringLiteral("Incluir Compartimento");
 const QString kAlterarCompartimento = QStringLiteral("Alterar Compartimento");
 
-QLineEdit* lineEdit(const QString& name, QWidget* parent) {
-    auto* edit = new QLineEdit(parent);
-    edit->setObjectName(name);
-    return edit;
-}
-
-QComboBox* comboBox(const QString& name, QWidget* parent) {
-    auto* combo = new QComboBox(parent);
-    combo->setObjectName(name);
-    return combo;
-}
-
-// A fixed list: the texts shown, the codes stored.
-void fixedList(QComboBox* combo, const QList<std::pair<QString, QVariant>>& items) {
-    for (const auto& [text, code] : items)
-        combo->addItem(text, code);
-    combo->setCurrentIndex(-1);
-}
-
-// A list from the database: the text shown, the numeric code as the item's data.
-void databaseList(store::Database& db, QComboBox* combo, const QString& sql) {
-    combo->clear();
-    QSqlQuery rows = db.run(sql);
-    while (rows.next())
-        combo->addItem(rows.value(1).toString(), rows.value(0));
-    combo->setCurrentIndex(-1);
-}
-
-// A field inside a frame of its own (picNTANQU, picNCOMPR, picDMATRLOUTRO): the frame is what
-// freezes the field.
-QWidget* pictureBox(const QString& name, QLineEdit* field, QWidget* parent) {
-    auto* box = new QWidget(parent);
-    box->setObjectName(name);
-    auto* layout = new QHBoxLayout(box);
-    layout->setContentsMargins(0, 0, 0, 0);
-    field->setParent(box);
-    layout->addWidget(field);
-    layout->addStretch(1);
-    return box;
-}
-
-void addField(QGridLayout* grid, int row, int column, const QString& label, QWidget* field,
-              QWidget* parent) {
-    grid->addWidget(new QLabel(label, parent), row, column);
-    grid->addWidget(field, row, column + 1);
-}
-
-QVariant dateValue(const QLineEdit* field) {
-    return clipText(field).isEmpty() ? QVariant() : QVariant(dateOf(field).toString(Qt::ISODate));
-}
-
 } // namespace
 
 TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family, QWidget* parent)
@@ -93,7 +43,7 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
     m_fraTanque = new QGroupBox(m_family.tankWord, this);
     m_fraTanque->setObjectName(QStringLiteral("fraTanque"));
     m_ntanqu = lineEdit(QStringLiteral("txtNTANQU"), m_fraTanque);
-    m_picNTANQU = pictureBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraTanque);
+    m_picNTANQU = keyBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraTanque);
     m_nident = lineEdit(QStringLiteral("txtNIDENT"), m_fraTanque);
     m_ainstl = lineEdit(QStringLiteral("mskAINSTL"), m_fraTanque);
     m_nmatrl = comboBox(QStringLiteral("cmbNMATRL"), m_fraTanque);
@@ -103,6 +53,7 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
     m_atesteestnq = lineEdit(QStringLiteral("mskATESTEESTNQ"), laudo);
     m_ipropr = comboBox(QStringLiteral("cmbIPROPR"), m_fraTanque);
     m_isitca = comboBox(QStringLiteral("cmbISITCA"), m_fraTanque);
+    m_report = {m_ainstl, m_teste, m_atesteestnq, m_ipropr};
 
     digitsField(m_ntanqu, 3);
     m_ntanqu->setAlignment(Qt::AlignCenter);
@@ -154,7 +105,7 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
         // The column sets no width, and neither does the field.
         ui::attachText(m_dmatrloutro, ui::Case::Upper);
         m_dmatrloutro->setMinimumWidth(200);
-        m_picDMATRLOUTRO = pictureBox(QStringLiteral("picDMATRLOUTRO"), m_dmatrloutro, m_fraTanque);
+        m_picDMATRLOUTRO = keyBox(QStringLiteral("picDMATRLOUTRO"), m_dmatrloutro, m_fraTanque);
         m_picDMATRLOUTRO->setEnabled(false);
         tank->addWidget(m_picDMATRLOUTRO, 1, 4, 1, 2);
         tabOrder << m_dmatrloutro;
@@ -176,7 +127,7 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
     m_fraCompar = new QGroupBox(QStringLiteral("Compartimento"), this);
     m_fraCompar->setObjectName(QStringLiteral("fraCompar"));
     m_ncompr = lineEdit(QStringLiteral("txtNCOMPR"), m_fraCompar);
-    m_picNCOMPR = pictureBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraCompar);
+    m_picNCOMPR = keyBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraCompar);
     m_nbocacarrg = comboBox(QStringLiteral("cmbNBOCACARRG"), m_fraCompar);
     m_qcapcd = lineEdit(QStringLiteral("txtQCAPCD"), m_fraCompar);
     m_ncombs = comboBox(QStringLiteral("cmbNCOMBS"), m_fraCompar);
@@ -222,7 +173,7 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
     body()->addWidget(m_fraProp);
     body()->addStretch(1);
 
-    connect(m_teste, &QComboBox::activated, this, &TankMaintenance::testeChosen);
+    connect(m_teste, &QComboBox::activated, this, [this] { m_report.conditionChosen(); });
     connect(m_ipropr, &QComboBox::activated, this, &TankMaintenance::proprietarioChosen);
     if (m_family.fixedMaterials)
         connect(m_nmatrl, &QComboBox::activated, this, &TankMaintenance::materialChosen);
@@ -473,35 +424,8 @@ ui::Check TankMaintenance::consistirCompartimento() {
 
 ui::Check TankMaintenance::leaveCheck(QWidget* field) {
     using ui::Refusal;
-    const QDate today = QDate::currentDate();
-    if (field == m_ainstl) {
-        if (clipText(m_ainstl).isEmpty())
-            return Refusal{m_ainstl,
-                           QStringLiteral("Preenchimento Obrigatório da Data da Instalação.")};
-        if (wrongDate(m_ainstl))
-            return Refusal{m_ainstl,
-                           QStringLiteral("Preenchimento Incorreto da Data da Instalação")};
-        if (dateOf(m_ainstl) > today)
-            return Refusal{m_ainstl, QStringLiteral("Data de Instalação não deve ser maior que "
-                                                    "a Data Atual.")};
-    } else if (field == m_atesteestnq && m_atesteestnq->isEnabled()) {
-        if (clipText(m_atesteestnq).isEmpty())
-            return Refusal{m_atesteestnq, QStringLiteral("Preenchimento Obrigatório da Data do "
-                                                         "Último Laudo de Integridade.")};
-        if (wrongDate(m_atesteestnq))
-            return Refusal{m_atesteestnq, QStringLiteral("Preenchimento Incorreto da Data do "
-                                                         "Último Laudo de Integridade")};
-        // The order of the two dates is compared only while the installation field holds no
-        // text at all, which a masked field never does: the order is not enforced.
-        if (m_ainstl->text().isEmpty() && dateOf(m_atesteestnq) < dateOf(m_ainstl))
-            return Refusal{m_atesteestnq,
-                           QStringLiteral("Data do Último Laudo de Integridade Deve Ser Maior ou "
-                                          "Igual a Data de Instalação.")};
-        if (dateOf(m_atesteestnq) > today)
-            return Refusal{m_atesteestnq, QStringLiteral("Data do Último Laudo de Integridade não "
-                                                         "deve ser maior que a Data Atual.")};
-    } else if (field == m_teste) {
-        testeChosen();
+    if (field == m_ainstl || field == m_atesteestnq || field == m_teste) {
+        return m_report.leaveCheck(field);
     } else if (field == m_qcomprt) {
         if (m_qcomprt->text() == QLatin1String("0"))
             return Refusal{m_qcomprt,
@@ -513,17 +437,6 @@ ui::Check TankMaintenance::leaveCheck(QWidget* field) {
         m_dmatrloutro->setFocus(Qt::OtherFocusReason);
     }
     return {};
-}
-
-void TankMaintenance::testeChosen() {
-    if (chosenCode(m_teste).toString() == QLatin1String("R")) {
-        m_atesteestnq->setEnabled(true);
-        m_atesteestnq->setFocus(Qt::OtherFocusReason);
-        return;
-    }
-    clearMasked(m_atesteestnq);
-    m_ipropr->setFocus(Qt::OtherFocusReason);
-    m_atesteestnq->setEnabled(false);
 }
 
 void TankMaintenance::proprietarioChosen() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fuel/FormParts.h"
 #include "ui/MaintenanceScreen.h"
 
 class QComboBox;
@@ -35,7 +36,6 @@ private:
     bool ownerShown() const;
     ui::Check consistirTanque();
     ui::Check consistirCompartimento();
-    void testeChosen();
     void proprietarioChosen();
     void materialChosen();
     bool otherMaterial() const;
@@ -63,6 +63,7 @@ private:
     QLineEdit* m_qcomprt = nullptr;
     QComboBox* m_teste = nullptr;
     QLineEdit* m_atesteestnq = nullptr;
+    IntegrityReport m_report; // the installation date and the integrity report
     QComboBox* m_ipropr = nullptr;
     QComboBox* m_isitca = nullptr;
 
