@@ -2,16 +2,15 @@
 
 #include "app/Paths.h"
 #include "app/PrintCommand.h"
+#include "app/Screens.h"
 #include "app/Startup.h"
 #include "establishment/RegisterRecord.h"
 #include "exchange/ExportFailure.h"
 #include "exchange/Exporter.h"
 #include "exchange/Importer.h"
-#include "fuel/FuelScreens.h"
 #include "rules/Formats.h"
 #include "shell/MainWindow.h"
 #include "shell/Objective.h"
-#include "shell/QuestionnaireFrame.h"
 #include "shell/RegisterListData.h"
 #include "shell/StartupChecks.h"
 #include "store/Database.h"
@@ -264,8 +263,7 @@ int runDesktop(int argc, char* argv[]) {
         return 1;
 
     // The screens of the questionnaire's chain, each area its own.
-    shell::registerScreens();
-    fuel::registerScreens();
+    registerScreens();
 
     shell::MainWindow window(*db);
     window.show();
