@@ -138,8 +138,9 @@ void RegisterForm::build() {
     QLineEdit* inicio = addText("mskACADST", 0);
     QLineEdit* levantamento = addText("mskALEVNT", 0);
     // The address block brings its own filters, masks and leaving checks; the register form
-    // words them as below. An empty CEP is left to the checks of Ok.
+    // words them as below.
     ui::AddressTexts texts;
+    texts.cepRequired = QStringLiteral("Preenchimento Obrigatório do CEP.");
     texts.cepIncorrect = QStringLiteral("Preenchimento Incorreto do CEP");
     texts.dddIncorrect = QStringLiteral("Preenchimento Incorreto do DDD.");
     texts.telephoneIncorrect = QStringLiteral("Preenchimento Incorreto do Telefone");

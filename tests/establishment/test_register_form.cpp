@@ -316,6 +316,10 @@ private slots:
                                    << "1780"
                                    << "Preenchimento Incorreto do CEP"
                                    << "";
+        QTest::newRow("empty CEP") << "txtCCEP"
+                                   << ""
+                                   << "Preenchimento Obrigatório do CEP."
+                                   << "";
         QTest::newRow("CEP") << "txtCCEP"
                              << "01000000"
                              << ""
