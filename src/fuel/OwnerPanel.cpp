@@ -53,7 +53,7 @@ void OwnerPanel::load(store::Database& db, const ui::Session& session, const QSt
                       const QVariant& key) {
     QSqlQuery row = db.run(
         QStringLiteral("Select DRAZAOSOCIL, DCONTT, DLOGRD, NLOGRD, DLOGRDCOMPM, DBAIRR, CCEP,"
-                       " NMUNCPDISTRFORNC, NDDD, NTELFN, NFAX, DEMAIL From ") +
+                       " NMUNCPDISTRFORNC, NDDD, NTELFN, NFAX, DEMAIL, DMUNCPDISTRFORNC From ") +
             m_table + QStringLiteral(" Where NMUNCP = ? And NSEQNC = ? And ITANQU = ? And ") +
             m_keyColumn + QStringLiteral(" = ?"),
         {session.nmuncp, session.nseqnc, itanqu, key});
@@ -71,8 +71,17 @@ void OwnerPanel::load(store::Database& db, const ui::Session& session, const QSt
     v.complement = row.value(4).toString();
     v.district = row.value(5).toString();
     v.cep = rules::formatDigits(row.value(6), QStringLiteral("00000000"));
-    if (!row.value(7).isNull())
+    if (!row.value(7).isNull()) {
         v.municipality = row.value(7).toInt();
+    } else if (const QString name = row.value(12).toString().trimmed(); !name.isEmpty()) {
+        // A row that holds the municipality by its name alone (as an older file may bring it)
+        // shows that name, as the entry of the list that bears it.
+        const QVariant number = db.scalar(
+            QStringLiteral("Select NMUNCP From MUNCP Where DMUNCP = ? Order By NMUNCP Desc"),
+            {name});
+        if (!number.isNull())
+            v.municipality = number.toInt();
+    }
     v.ddd = row.value(8).toString();
     v.telephone = row.value(9).toString();
     v.fax = row.value(10).toString();

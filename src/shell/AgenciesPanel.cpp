@@ -62,7 +62,7 @@ AgenciesPanel::AgenciesPanel(store::Database& db, QWidget* parent)
     hide();
 }
 
-void AgenciesPanel::open() {
+bool AgenciesPanel::open() {
     const bool filled = ui::runGuarded([this] {
         const int count = m_db.scalar(QStringLiteral("SELECT COUNT(NREGNL) FROM REGNL")).toInt();
         m_grid->clear();
@@ -99,6 +99,7 @@ void AgenciesPanel::open() {
     });
     if (filled)
         show();
+    return filled;
 }
 
 } // namespace shell

@@ -17,8 +17,8 @@ class AgenciesPanel : public QFrame {
 public:
     explicit AgenciesPanel(store::Database& db, QWidget* parent = nullptr);
 
-    // Fills the list from REGNL and shows the panel.
-    void open();
+    // Fills the list from REGNL and shows the panel; false when a database failure stopped it.
+    bool open();
 
 signals:
     void backToMainScreen();

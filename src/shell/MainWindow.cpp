@@ -291,8 +291,8 @@ void MainWindow::chooseRegister(RegisterChooser::Purpose purpose) {
 }
 
 void MainWindow::openAgencies() {
-    static_cast<AgenciesPanel*>(panel(Panel::Agencies))->open();
-    showPanel(Panel::Agencies);
+    if (static_cast<AgenciesPanel*>(panel(Panel::Agencies))->open())
+        showPanel(Panel::Agencies);
 }
 
 QWidget* MainWindow::panel(Panel which) const {

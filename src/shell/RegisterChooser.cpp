@@ -114,7 +114,8 @@ bool RegisterChooser::open(Purpose purpose) {
         }
         m_grid->resizeColumnsToContents();
         m_goOn->setEnabled(false);
-        m_hint->setVisible(true);
+        // The hint speaks of the export; the suggestions' chooser goes without it.
+        m_hint->setVisible(forExport);
         show();
     });
     if (ran && !any) {

@@ -350,6 +350,21 @@ private slots:
         QCOMPARE(column(QStringLiteral("fgrPostoTanqu"), 7), QStringList{"Proprietário"});
     }
 
+    void ownerKnownByTheMunicipalityNameAloneShowsIt() {
+        seedTank(6, 1, 1, QStringLiteral("O"));
+        db().run(QStringLiteral(
+            "Insert Into TB_POSTOTANQUPROPR (NMUNCP, NSEQNC, AINFRM, ITANQU, NTANQU, DRAZAOSOCIL,"
+            " DCONTT, DLOGRD, NLOGRD, CCEP, DMUNCPDISTRFORNC, NDDD, NTELFN) Values (100, 1,"
+            " '2024-01-10', 'S', 6, 'DONO SA', 'JOSE', 'RUA A', 10, 17800000, 'ADAMANTINA', 18,"
+            " 33334444)"));
+        openList();
+        click(QStringLiteral("cmdAlterar"));
+        QCOMPARE(find<QComboBox>(QStringLiteral("cmbNMUNCP"))->currentText(),
+                 QStringLiteral("ADAMANTINA"));
+        QCOMPARE(find<QComboBox>(QStringLiteral("cmbNMUNCP"))->currentData().toInt(), 101);
+        QCOMPARE(find<QLineEdit>(QStringLiteral("txtUFMUNCP"))->text(), QStringLiteral("SP"));
+    }
+
     void ownerOfANewTankIsWrittenWhenOther() {
         openList();
         click(QStringLiteral("cmdIncluir"));

@@ -154,6 +154,7 @@ private slots:
         addRegister(db, 105, 1, QStringLiteral("POSTO A"), 7);
         QVERIFY(chooser.open(shell::RegisterChooser::Purpose::Export));
         QCOMPARE(chooser.title(), QStringLiteral("Disquete"));
+        QVERIFY(!child<QLabel>(chooser, "lblSelecioneVOR")->isHidden());
         auto* grid = child<QTableWidget>(chooser, "fgrVOR");
         QCOMPARE(grid->rowCount(), 2);
         QCOMPARE(grid->item(0, 0)->text(), QStringLiteral("POSTO A"));
@@ -162,6 +163,7 @@ private slots:
 
         QVERIFY(chooser.open(shell::RegisterChooser::Purpose::Suggestions));
         QCOMPARE(chooser.title(), QStringLiteral("Sugestões"));
+        QVERIFY(child<QLabel>(chooser, "lblSelecioneVOR")->isHidden());
         QCOMPARE(grid->horizontalHeaderItem(0)->text(), QStringLiteral("Código"));
 
         store::RegisterKey chosenKey;
