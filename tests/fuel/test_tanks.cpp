@@ -595,6 +595,22 @@ private slots:
         QCOMPARE(find<QLineEdit>(QStringLiteral("txtDRAZAOSOCIL"))->text(), QStringLiteral("DONO"));
     }
 
+    void aFailedDeleteKeepsTheWholeTankAndShowsNoSuccess() {
+        seedTank(1, 2, 2);
+        // The tank's own row is the last of the cascade: its compartments went first.
+        db().run(QStringLiteral("Create Trigger refuse Before Delete On TB_POSTOTANQU"
+                                " Begin Select Raise(Abort, 'disco cheio'); End"));
+        openList();
+        m_dialogs->answer(true);
+        click(QStringLiteral("cmdExcluir"));
+        QCOMPARE(m_dialogs->shown().size(), 2); // the question, then the error routine
+        QVERIFY(m_dialogs->last().text.contains(QStringLiteral("SQLite")));
+        QVERIFY(!messages().join(QLatin1Char('\n')).contains(QStringLiteral("Sucesso")));
+        QCOMPARE(count("Select Count(*) From TB_POSTOTANQU"), 1);
+        QCOMPARE(count("Select Count(*) From TB_POSTOTANQUCOMPR"), 2);
+        QCOMPARE(column(QStringLiteral("fgrPostoTanqu"), 0), QStringList{"1"});
+    }
+
     void theListWalksTheChain() {
         seedTank(1, 1, 1);
         ui::ScreenRegistry::instance().add(
