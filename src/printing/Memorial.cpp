@@ -252,14 +252,20 @@ int Memorial::writePdf(const QString& path) const {
     return pages;
 }
 
+namespace {
+QString protocolKind(bool resent) {
+    return resent ? QString() : QStringLiteral("CADASTRO");
+}
+} // namespace
+
 int printProtocol(store::Database& db, const store::RegisterKey& key, const QString& dateTime,
-                  QPagedPaintDevice& device) {
-    return Memorial::protocol(db, key, {QString(), QDate(), dateTime}).print(device);
+                  QPagedPaintDevice& device, bool resent) {
+    return Memorial::protocol(db, key, {protocolKind(resent), QDate(), dateTime}).print(device);
 }
 
 int writeProtocolPdf(store::Database& db, const store::RegisterKey& key, const QString& dateTime,
-                     const QString& path) {
-    return Memorial::protocol(db, key, {QString(), QDate(), dateTime}).writePdf(path);
+                     const QString& path, bool resent) {
+    return Memorial::protocol(db, key, {protocolKind(resent), QDate(), dateTime}).writePdf(path);
 }
 
 } // namespace printing

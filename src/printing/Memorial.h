@@ -72,13 +72,14 @@ private:
     std::vector<Part> m_parts;
 };
 
-// The receipt of an export, printed on `device`; returns the number of pages.
+// The receipt of an export, printed on `device`; returns the number of pages. Its band says
+// "CADASTRO", the only objective that gets a receipt, but stays blank for a resend.
 int printProtocol(store::Database& db, const store::RegisterKey& key, const QString& dateTime,
-                  QPagedPaintDevice& device);
+                  QPagedPaintDevice& device, bool resent = false);
 
 // The receipt of an export as a PDF file; returns the number of pages. Throws store::Failure
 // when the file cannot be written.
 int writeProtocolPdf(store::Database& db, const store::RegisterKey& key, const QString& dateTime,
-                     const QString& path);
+                     const QString& path, bool resent = false);
 
 } // namespace printing

@@ -28,7 +28,7 @@ ui::ExportRunOutcome exportRegister(store::Database& db, const store::RegisterKe
         // The receipt goes beside the joined file; printProtocol reports its own failure.
         const QString pdf =
             QDir(directory).filePath(QStringLiteral("PROTOCOLO_%1.PDF").arg(request.key.code()));
-        ui::printProtocol(db, request.key, request.moment, pdf);
+        ui::printProtocol(db, request.key, request.moment, pdf, request.resent);
         return std::optional<QString>();
     };
     const ui::ExportRunOutcome outcome = ui::runExportWithQuestions(db, key, directory, options);

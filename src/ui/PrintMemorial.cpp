@@ -113,15 +113,15 @@ bool printMemorial(store::Database& db, const store::RegisterKey& key, PrintDest
 }
 
 bool printProtocol(store::Database& db, const store::RegisterKey& key, const QDateTime& sent,
-                   const QString& pdfPath) {
+                   const QString& pdfPath, bool resent) {
     try {
         Hourglass hourglass;
         const QString moment = printing::protocolDateTime(sent);
-        printing::writeProtocolPdf(db, key, moment, pdfPath);
+        printing::writeProtocolPdf(db, key, moment, pdfPath, resent);
         const QPrinterInfo target = QPrinterInfo::defaultPrinter();
         if (!target.isNull()) {
             QPrinter printer(target, QPrinter::HighResolution);
-            printing::printProtocol(db, key, moment, a4(printer));
+            printing::printProtocol(db, key, moment, a4(printer), resent);
         }
         return true;
     } catch (const store::Failure& failure) {

@@ -42,6 +42,6 @@ bool printMemorial(store::Database& db, const store::RegisterKey& key, PrintDest
 // the machine has one, with the moment of `sent`. A failure shows "Durante a emissão ocorreu
 // um erro com o seguinte código: " and its number. Returns true when nothing failed.
 bool printProtocol(store::Database& db, const store::RegisterKey& key, const QDateTime& sent,
-                   const QString& pdfPath);
+                   const QString& pdfPath, bool resent = false);
 
 } // namespace ui

@@ -166,6 +166,10 @@ private slots:
         const QByteArray bytes = readAll(second.joinedPath);
         QVERIFY(bytes.startsWith("[EMPRS]\r\n200\xac"
                                  "2\xacNull\xacSegundo\xac"));
+        // The file's name carries the 14 digits; the EMPRS line, the number as it is.
+        QVERIFY(bytes.contains("\xac"
+                               "45678000195\xac"));
+        QVERIFY(!bytes.contains("00045678000195"));
         QVERIFY(!bytes.contains("TB_POSTOCOMRCSERVC"));
         QCOMPARE(entries(dir).filter(QStringLiteral(".TXT")).size(), 1);
     }

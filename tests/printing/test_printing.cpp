@@ -315,6 +315,10 @@ private slots:
         QCOMPARE(printed.pageLines, QStringList{QStringLiteral("Página 1 de 1")});
         QVERIFY(printed.texts[0].contains(QStringLiteral("02/04/2024 09:05")));
         QVERIFY(printed.texts[0].contains(QStringLiteral("BOA VIAGEM LTDA")));
+        QVERIFY(printed.texts[0].contains(QStringLiteral("CADASTRO")));
+        // The receipt of a resend leaves the kind blank.
+        QCOMPARE(printing::writeProtocolPdf(db, kKey, moment, pdf, true), 1);
+        QVERIFY(!readBack(pdf).texts[0].contains(QStringLiteral("CADASTRO")));
     }
 
     void unwritablePdfIsAFailureNotASilentLoss() {
