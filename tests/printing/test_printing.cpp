@@ -137,6 +137,26 @@ private slots:
         QCOMPARE(printed.pageLines.value(2), QStringLiteral("Página 3 de %1").arg(pages));
     }
 
+    void aFirstReportOfTwoPagesNumbersTheNextOneThree() {
+        testsupport::TestEnvironment env;
+        store::Database db(env.newDatabasePath());
+        fillRegister(db, kKey);
+        // An activity described at length takes the identification over a second page.
+        QStringList words;
+        for (int i = 0; i < 160; ++i)
+            words << QStringLiteral("COMERCIO%1").arg(i);
+        db.run(QStringLiteral("UPDATE EMPRS SET DATIVD = ?"), {words.join(QLatin1Char(' '))});
+        const printing::Memorial memorial(db, kKey, {QStringLiteral("CADASTRO"), {}, {}});
+        const QString pdf = env.path(QStringLiteral("first-long.pdf"));
+        const int pages = memorial.writePdf(pdf);
+        const Printed printed = readBack(pdf);
+        const QList<QPair<QString, int>> starts = firstPages(printed);
+        QCOMPARE(starts.value(0), qMakePair(QStringLiteral("rpt01_ident"), 1));
+        QCOMPARE(starts.value(1).second, 3);
+        QCOMPARE(printed.pageLines.value(1), QStringLiteral("Página 2 de %1").arg(pages));
+        QCOMPARE(printed.pageLines.value(2), QStringLiteral("Página 3 de %1").arg(pages));
+    }
+
     void aLongTableRepeatsItsHeadingOnEveryPage() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
