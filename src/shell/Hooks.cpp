@@ -9,6 +9,7 @@
 #include "ui/ScreenHost.h"
 
 #include <QDesktopServices>
+#include <QProgressDialog>
 
 namespace shell {
 
@@ -30,8 +31,17 @@ Hooks firstHooks() {
     h.exportRegister = [](QuestionnaireFrame& frame, ui::Session&, const store::RegisterKey& key) {
         const std::optional<QString> directory =
             ui::chooseExportDirectory(&frame, lastExportDirectory());
-        if (directory && ui::confirmExportTo(*directory))
-            exportRegister(frame.database(), key, *directory);
+        if (!directory || !ui::confirmExportTo(*directory))
+            return;
+        // The list shows the main screen's wait text and bar while the tables are written.
+        QProgressDialog progress(ui::kExportWaitText, QString(), 0, 1, &frame);
+        progress.setWindowTitle(ui::kTitle);
+        progress.setWindowModality(Qt::WindowModal);
+        progress.setMinimumDuration(0);
+        exportRegister(frame.database(), key, *directory, [&progress](int step, int steps) {
+            progress.setMaximum(steps);
+            progress.setValue(step);
+        });
     };
     h.printRegister = [](QuestionnaireFrame& frame, ui::Session&, const store::RegisterKey& key) {
         ui::printMemorial(frame.database(), key, ui::PrintDestination::Printer, &frame);
