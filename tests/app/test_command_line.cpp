@@ -1,24 +1,16 @@
 // The program as the agency's scripts and the demo run it.
 #include "store/Database.h"
+#include "support/ProgramRun.h"
 #include "support/TestEnvironment.h"
 
-#include <QProcess>
 #include <QTest>
 
 namespace {
 
-struct Run {
-    int exitCode;
-    QString out;
-    QString err;
-};
+using Run = testsupport::ProgramRun;
 
 Run vor(const QStringList& arguments) {
-    QProcess process;
-    process.start(qEnvironmentVariable("VOR_BINARY"), arguments);
-    process.waitForFinished(120000);
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return testsupport::runProgram(arguments);
 }
 
 } // namespace

@@ -1,26 +1,18 @@
 // "vor export": the joined file of a register without the mail step.
 #include "store/Database.h"
+#include "support/ProgramRun.h"
 #include "support/TestEnvironment.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTest>
 
 namespace {
 
-struct Run {
-    int exitCode;
-    QString out;
-    QString err;
-};
+using Run = testsupport::ProgramRun;
 
 Run vor(const QStringList& arguments) {
-    QProcess process;
-    process.start(qEnvironmentVariable("VOR_BINARY"), arguments);
-    process.waitForFinished(120000);
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return testsupport::runProgram(arguments);
 }
 
 } // namespace
