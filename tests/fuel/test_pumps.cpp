@@ -1,6 +1,5 @@
 #include "fuel/FuelScreens.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedDialogs.h"
+#include "support/ScreenDriver.h"
 #include "support/TestEnvironment.h"
 #include "ui/FieldBehaviour.h"
 #include "ui/ListScreen.h"
@@ -15,9 +14,6 @@
 #include <QTest>
 #include <memory>
 
-using testsupport::FakeHost;
-using testsupport::ScriptedDialogs;
-
 namespace {
 
 const QString kUnder = QStringLiteral("S");
@@ -25,99 +21,11 @@ const QString kAbove = QStringLiteral("A");
 const int kGasolina = 101; // "Gasolina Comum"
 const int kDiesel = 110;   // "Óleo Diesel Comum"
 
-QString iconName(ui::Icon icon) {
-    switch (icon) {
-    case ui::Icon::Critical:
-        return QStringLiteral("critical");
-    case ui::Icon::Information:
-        return QStringLiteral("information");
-    case ui::Icon::Question:
-        return QStringLiteral("question");
-    default:
-        return QStringLiteral("other");
-    }
-}
-
 } // namespace
 
-class TestPumps : public QObject {
+class TestPumps : public QObject, private testsupport::ScreenDriver {
     Q_OBJECT
 
-    std::unique_ptr<testsupport::TestEnvironment> m_env;
-    std::unique_ptr<FakeHost> m_host;
-    std::unique_ptr<ScriptedDialogs> m_dialogs;
-
-    store::Database& db() { return m_host->database(); }
-
-    QWidget* screen() {
-        QWidget* s = m_host->current();
-        if (!s)
-            qFatal("no screen up");
-        return s;
-    }
-    template <typename T> T* find(const QString& name) {
-        T* w = screen()->findChild<T*>(name);
-        if (!w)
-            qFatal("no %s on %s", qPrintable(name), qPrintable(screen()->objectName()));
-        return w;
-    }
-    QPushButton* button(const QString& name) { return find<QPushButton>(name); }
-    void click(const QString& name) {
-        QPushButton* b = button(name);
-        QVERIFY2(b->isEnabled(), qPrintable(name + " is disabled"));
-        b->click();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    void type(const QString& name, const QString& text) {
-        auto* edit = find<QLineEdit>(name);
-        edit->setFocus(Qt::TabFocusReason);
-        edit->setText(text);
-        if (edit->hasFocus())
-            edit->clearFocus();
-    }
-    void choose(const QString& name, const QString& text) {
-        auto* combo = find<QComboBox>(name);
-        combo->setFocus(Qt::TabFocusReason);
-        const int index = combo->findText(text);
-        QVERIFY2(index >= 0, qPrintable(text + " is not in " + name));
-        combo->setCurrentIndex(index);
-        emit combo->activated(index);
-        if (combo->hasFocus())
-            combo->clearFocus();
-    }
-    QStringList items(const QString& name) {
-        QStringList texts;
-        auto* combo = find<QComboBox>(name);
-        for (int i = 0; i < combo->count(); ++i)
-            texts << combo->itemText(i);
-        return texts;
-    }
-    void selectRow(const QString& grid, int row) {
-        auto* g = find<QTableWidget>(grid);
-        g->setCurrentCell(row - 1, 0);
-        emit g->cellClicked(row - 1, 0);
-    }
-    QStringList column(const QString& grid, int c) {
-        QStringList cells;
-        auto* g = find<QTableWidget>(grid);
-        for (int r = 0; r < g->rowCount(); ++r)
-            cells << g->item(r, c)->text();
-        return cells;
-    }
-    QStringList headings(const QString& grid) {
-        QStringList texts;
-        auto* g = find<QTableWidget>(grid);
-        for (int c = 0; c < g->columnCount(); ++c)
-            texts << g->horizontalHeaderItem(c)->text();
-        return texts;
-    }
-    int count(const QString& sql) { return db().scalar(sql).toInt(); }
-    QStringList messages() {
-        QStringList shown;
-        for (const auto& s : m_dialogs->shown())
-            shown << iconName(s.icon) + QStringLiteral(": ") + s.text;
-        return shown;
-    }
     int dataRowsOfLinks() {
         return find<QTableWidget>(QStringLiteral("fgrBombaCompar"))->rowCount();
     }
@@ -198,24 +106,9 @@ class TestPumps : public QObject {
 private slots:
     void initTestCase() { fuel::registerScreens(); }
 
-    void init() {
-        m_env = std::make_unique<testsupport::TestEnvironment>();
-        m_host = std::make_unique<FakeHost>(m_env->newDatabasePath());
-        ui::Session& s = m_host->session();
-        s.nmuncp = 100;
-        s.nseqnc = 1;
-        s.ainfrm = QDate(2024, 1, 10);
-        s.razaoSocial = QStringLiteral("AUTO POSTO TESTE LTDA");
-        s.objetivo = 0;
-        m_dialogs = std::make_unique<ScriptedDialogs>();
-    }
+    void init() { start(); }
 
-    void cleanup() {
-        m_dialogs.reset();
-        m_host.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        m_env.reset();
-    }
+    void cleanup() { stop(); }
 
     void aNewPumpCannotBeLeftBeforeItsFirstLink() {
         seedTank(kUnder, 1, QStringLiteral("TQ UM"), {kGasolina, kDiesel});

@@ -1,6 +1,5 @@
 #include "fuel/FuelScreens.h"
-#include "support/FakeHost.h"
-#include "support/ScriptedDialogs.h"
+#include "support/ScreenDriver.h"
 #include "support/TestEnvironment.h"
 #include "ui/ListScreen.h"
 #include "ui/MaintenanceScreen.h"
@@ -15,99 +14,14 @@
 #include <functional>
 #include <memory>
 
-using testsupport::FakeHost;
-using testsupport::ScriptedDialogs;
-
 namespace {
 
 const QString kCritical = QStringLiteral("critical");
 
-QString iconName(ui::Icon icon) {
-    switch (icon) {
-    case ui::Icon::Critical:
-        return kCritical;
-    case ui::Icon::Information:
-        return QStringLiteral("information");
-    case ui::Icon::Question:
-        return QStringLiteral("question");
-    default:
-        return QStringLiteral("other");
-    }
-}
-
 } // namespace
 
-class TestTanks : public QObject {
+class TestTanks : public QObject, private testsupport::ScreenDriver {
     Q_OBJECT
-
-    std::unique_ptr<testsupport::TestEnvironment> m_env;
-    std::unique_ptr<FakeHost> m_host;
-    std::unique_ptr<ScriptedDialogs> m_dialogs;
-
-    store::Database& db() { return m_host->database(); }
-
-    QWidget* screen() {
-        QWidget* s = m_host->current();
-        if (!s)
-            qFatal("no screen up");
-        return s;
-    }
-    template <typename T> T* find(const QString& name) {
-        T* w = screen()->findChild<T*>(name);
-        if (!w)
-            qFatal("no %s on %s", qPrintable(name), qPrintable(screen()->objectName()));
-        return w;
-    }
-    QPushButton* button(const QString& name) { return find<QPushButton>(name); }
-    void click(const QString& name) {
-        QPushButton* b = button(name);
-        QVERIFY2(b->isEnabled(), qPrintable(name + " is disabled"));
-        b->click();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    // Types into a field and leaves it, as the user's Tab would.
-    void type(const QString& name, const QString& text) {
-        auto* edit = find<QLineEdit>(name);
-        edit->setFocus(Qt::TabFocusReason);
-        edit->setText(text);
-        leave(edit);
-    }
-    void choose(const QString& name, const QString& text) {
-        auto* combo = find<QComboBox>(name);
-        combo->setFocus(Qt::TabFocusReason);
-        const int index = combo->findText(text);
-        QVERIFY2(index >= 0, qPrintable(text + " is not in " + name));
-        combo->setCurrentIndex(index);
-        emit combo->activated(index);
-        leave(combo);
-    }
-    void leave(QWidget* field) {
-        if (field->hasFocus())
-            field->clearFocus();
-    }
-    void selectLevel(int level) {
-        find<QRadioButton>(QStringLiteral("optOperacao_%1").arg(level))->click();
-    }
-    void selectRow(const QString& grid, int row) {
-        auto* g = find<QTableWidget>(grid);
-        g->setCurrentCell(row - 1, 0);
-        emit g->cellClicked(row - 1, 0);
-    }
-    int count(const QString& sql) { return db().scalar(sql).toInt(); }
-    int dataRows(const QString& grid) { return find<QTableWidget>(grid)->rowCount(); }
-    QStringList column(const QString& grid, int c) {
-        QStringList cells;
-        auto* g = find<QTableWidget>(grid);
-        for (int r = 0; r < g->rowCount(); ++r)
-            cells << g->item(r, c)->text();
-        return cells;
-    }
-    QStringList messages() {
-        QStringList shown;
-        for (const auto& s : m_dialogs->shown())
-            shown << iconName(s.icon) + QStringLiteral(": ") + s.text;
-        return shown;
-    }
 
     void openList(const QString& name = QStringLiteral("frmTanqu")) {
         ui::showPlace(*m_host, {name});
@@ -197,24 +111,9 @@ class TestTanks : public QObject {
 private slots:
     void initTestCase() { fuel::registerScreens(); }
 
-    void init() {
-        m_env = std::make_unique<testsupport::TestEnvironment>();
-        m_host = std::make_unique<FakeHost>(m_env->newDatabasePath());
-        ui::Session& s = m_host->session();
-        s.nmuncp = 100;
-        s.nseqnc = 1;
-        s.ainfrm = QDate(2024, 1, 10);
-        s.razaoSocial = QStringLiteral("AUTO POSTO TESTE LTDA");
-        s.objetivo = 0;
-        m_dialogs = std::make_unique<ScriptedDialogs>();
-    }
+    void init() { start(); }
 
-    void cleanup() {
-        m_dialogs.reset();
-        m_host.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        m_env.reset();
-    }
+    void cleanup() { stop(); }
 
     void newTankForcesEveryDeclaredCompartment() {
         openList();
