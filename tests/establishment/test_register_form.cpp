@@ -207,6 +207,7 @@ private slots:
         t.db.run(QStringLiteral("UPDATE EMPRS SET CSITU = 2"));
         t.session.setKey(key);
         t.open(ui::kAlterar);
+        testsupport::saveScreenshot(*t.form, QStringLiteral("frmVORCadast"));
         QSignalSpy closed(t.form.get(), &establishment::RegisterForm::closed);
         t.type("txtDFANTS", QStringLiteral("posto alterado"));
         t.type("txtcibge", QStringLiteral("1234567"));

@@ -86,6 +86,9 @@ private slots:
             QVERIFY(!entry(&t.window, QString::fromLatin1(text))->text().isEmpty());
         QVERIFY(
             entry(&t.window, "Label6")->text().contains(QStringLiteral("29 de novembro de 2000")));
+        t.window.resize(1024, 740);
+        QCoreApplication::processEvents();
+        testsupport::saveScreenshot(t.window, QStringLiteral("F1_TelaPrincipal"));
     }
 
     void keysRunTheirEntries_data() {

@@ -108,6 +108,7 @@ private slots:
         QCOMPARE(column(t.grid(), 3).first(), QStringLiteral("20/04/1999"));
         QCOMPARE(column(t.grid(), 2).first(), QStringLiteral("00.000.000/0000-33"));
         QCOMPARE(selectedRow(t.grid()), 0);
+        testsupport::saveScreenshot(*t.frame, QStringLiteral("frmVOR"));
 
         // By CNPJ, a register without one first.
         QTest::mouseClick(child<QRadioButton>(t.screen(), "Option2"), Qt::LeftButton);
