@@ -734,8 +734,9 @@ private slots:
         click(QStringLiteral("cmdOk"));
         QCOMPARE(messages(), QStringList{"information: Alterado com Sucesso"});
         QSqlQuery tank =
-            db().run(QStringLiteral("Select ITANQU, NMATRL, DMATRLOUTRO, IPOSCA, NBASE, QCOMPRT"
-                                    " From TB_POSTOTANQU Where NTANQU = 4 Order By ITANQU"));
+            db().run(QStringLiteral("Select ITANQU, NMATRL, DMATRLOUTRO, IPOSCA, NBASE, QCOMPRT,"
+                                    " SSISTMPROTC From TB_POSTOTANQU Where NTANQU = 4"
+                                    " Order By ITANQU"));
         QVERIFY(tank.next());
         QCOMPARE(tank.value(0).toString(), QStringLiteral("A"));
         QCOMPARE(tank.value(1).toInt(), 10);
@@ -743,6 +744,7 @@ private slots:
         QCOMPARE(tank.value(3).toString(), QStringLiteral("V"));
         QCOMPARE(tank.value(4).toInt(), 4);
         QCOMPARE(tank.value(5).toInt(), 2);
+        QCOMPARE(tank.value(6).toString(), QStringLiteral("S")); // its corrosion protection stays
         // The underground tank of the same number is untouched.
         QVERIFY(tank.next());
         QCOMPARE(tank.value(0).toString(), QStringLiteral("S"));
