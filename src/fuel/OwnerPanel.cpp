@@ -1,5 +1,6 @@
 #include "fuel/OwnerPanel.h"
 
+#include "fuel/FieldSupport.h"
 #include "rules/NumberPattern.h"
 #include "store/Database.h"
 #include "ui/Dialogs.h"
@@ -135,6 +136,15 @@ void OwnerPanel::write(store::Database& db, const ui::Session& session, const QS
             v.municipality ? QVariant(*v.municipality) : QVariant(),
             orNull(m_address->fields().municipality->currentText()), numberOrNull(v.ddd),
             numberOrNull(v.telephone), numberOrNull(v.fax), orNull(v.email)});
+}
+
+void OwnerPanel::followOwnerChoice(const QComboBox* ipropr) {
+    if (chosenCode(ipropr).toString() == QLatin1String("O")) {
+        setEnabled(true);
+        show();
+    } else {
+        hide();
+    }
 }
 
 QList<QWidget*> OwnerPanel::fields() const {

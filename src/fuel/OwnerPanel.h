@@ -43,6 +43,9 @@ public:
                const QVariant& key) const;
     // The fields in screen order, for the snapshot.
     QList<QWidget*> fields() const;
+    // The owner list of the equipment (cmbIPROPR) was chosen: only "Outros" is a third party
+    // whose address is asked, so the panel opens for it and goes away for any other owner.
+    void followOwnerChoice(const QComboBox* ipropr);
 
 private:
     QString m_table;

@@ -144,7 +144,8 @@ PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family,
     body()->addStretch(1);
 
     connect(m_teste, &QComboBox::activated, this, [this] { m_report.conditionChosen(); });
-    connect(m_ipropr, &QComboBox::activated, this, &PumpMaintenance::proprietarioChosen);
+    connect(m_ipropr, &QComboBox::activated, this,
+            [this] { m_fraProp->followOwnerChoice(m_ipropr); });
     connect(m_ntanqu, &QComboBox::activated, this, &PumpMaintenance::tankChosen);
 }
 
@@ -372,19 +373,10 @@ ui::Check PumpMaintenance::sameFuel() {
 
 ui::Check PumpMaintenance::leaveCheck(QWidget* field) {
     if (field == m_ipropr) {
-        proprietarioChosen();
+        m_fraProp->followOwnerChoice(m_ipropr);
         return {};
     }
     return m_report.leaveCheck(field);
-}
-
-void PumpMaintenance::proprietarioChosen() {
-    if (chosenCode(m_ipropr).toString() == QLatin1String("O")) {
-        m_fraProp->setEnabled(true);
-        m_fraProp->show();
-    } else {
-        m_fraProp->hide();
-    }
 }
 
 void PumpMaintenance::write(store::Database& db) {

@@ -38,7 +38,6 @@ private:
     ui::Check consistirBomba();
     ui::Check consistirLigacao();
     ui::Check sameFuel();
-    void proprietarioChosen();
     void tankChosen();
     void loadCompartments();
     void setLinkListsEnabled(bool enabled);

@@ -174,7 +174,8 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
     body()->addStretch(1);
 
     connect(m_teste, &QComboBox::activated, this, [this] { m_report.conditionChosen(); });
-    connect(m_ipropr, &QComboBox::activated, this, &TankMaintenance::proprietarioChosen);
+    connect(m_ipropr, &QComboBox::activated, this,
+            [this] { m_fraProp->followOwnerChoice(m_ipropr); });
     if (m_family.fixedMaterials)
         connect(m_nmatrl, &QComboBox::activated, this, &TankMaintenance::materialChosen);
 }
@@ -431,21 +432,12 @@ ui::Check TankMaintenance::leaveCheck(QWidget* field) {
             return Refusal{m_qcomprt,
                            QStringLiteral("Número de Compartimentos não pode ser Zero.")};
     } else if (field == m_ipropr) {
-        proprietarioChosen();
+        m_fraProp->followOwnerChoice(m_ipropr);
     } else if (field == m_nmatrl && otherMaterial()) {
         m_picDMATRLOUTRO->setEnabled(true);
         m_dmatrloutro->setFocus(Qt::OtherFocusReason);
     }
     return {};
-}
-
-void TankMaintenance::proprietarioChosen() {
-    if (chosenCode(m_ipropr).toString() == QLatin1String("O")) {
-        m_fraProp->setEnabled(true);
-        m_fraProp->show();
-    } else {
-        m_fraProp->hide();
-    }
 }
 
 // Only "Outros" takes a described material: "Aço" freezes the description.

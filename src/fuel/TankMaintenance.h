@@ -36,7 +36,6 @@ private:
     bool ownerShown() const;
     ui::Check consistirTanque();
     ui::Check consistirCompartimento();
-    void proprietarioChosen();
     void materialChosen();
     bool otherMaterial() const;
     void gravarTanque(store::Database& db);
