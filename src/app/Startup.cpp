@@ -72,6 +72,8 @@ IncomingResult takeIncomingDatabase(const QString& databasePath) {
     IncomingResult result;
     if (!QFileInfo::exists(incoming))
         return result;
+    // The carry-over fills a copy beside the waiting file with every register.
+    store::narrowToOwner(QFileInfo(incoming).absolutePath());
     if (QFileInfo::exists(databasePath))
         return carryOverInto(incoming, databasePath);
     store::makePrivateFolder(QFileInfo(databasePath).absolutePath());

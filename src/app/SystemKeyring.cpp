@@ -7,8 +7,6 @@ namespace app {
 
 namespace {
 
-const QString kService = QStringLiteral("vor");
-
 // Runs a job to its end. A job may finish inside start() when it fails at once.
 void finish(QKeychain::Job& job, const QString& key) {
     job.setAutoDelete(false);
@@ -28,7 +26,7 @@ void finish(QKeychain::Job& job, const QString& key) {
 } // namespace
 
 exchange::Keyring::Entry SystemKeyring::read(const QString& key) {
-    QKeychain::ReadPasswordJob job(kService);
+    QKeychain::ReadPasswordJob job(m_service);
     finish(job, key);
     switch (job.error()) {
     case QKeychain::NoError:
@@ -41,14 +39,14 @@ exchange::Keyring::Entry SystemKeyring::read(const QString& key) {
 }
 
 bool SystemKeyring::write(const QString& key, const QString& secret) {
-    QKeychain::WritePasswordJob job(kService);
+    QKeychain::WritePasswordJob job(m_service);
     job.setTextData(secret);
     finish(job, key);
     return job.error() == QKeychain::NoError;
 }
 
 bool SystemKeyring::remove(const QString& key) {
-    QKeychain::DeletePasswordJob job(kService);
+    QKeychain::DeletePasswordJob job(m_service);
     finish(job, key);
     return job.error() == QKeychain::NoError || job.error() == QKeychain::EntryNotFound;
 }
