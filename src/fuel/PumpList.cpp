@@ -177,7 +177,7 @@ ui::ListDefinition pumpList(const PumpFamily& family) {
                                      const ui::ListSelection& rows) -> ui::Check {
         if (countCompartments(host.database(), host.session(), family.itanqu,
                               leadingNumber(rows.detail.value(0))) == 0)
-            return ui::Refusal{nullptr, family.noCompartmentsList};
+            return ui::Refusal{QString(), family.noCompartmentsList};
         return {};
     };
     def.maintenance = [&family](ui::ScreenHost& host) -> ui::MaintenanceScreen* {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "fuel/OwnerPanel.h"
 #include "ui/ListScreen.h"
+#include "ui/OwnerPanel.h"
 
 #include <QString>
 #include <vector>
@@ -58,7 +58,7 @@ struct TankFamily {
     QString countLowered;
     QString deleteTankQuestion;
     QString deleteCompartmentQuestion;
-    OwnerPanel::Texts ownerTexts;
+    ui::OwnerPanel::Texts ownerTexts;
 
     // The fields of an aboveground tank: cmbIPOSCA; the fixed material list "Aço" / "Outros"
     // with txtDMATRLOUTRO in place of the dictionary's list; cmbNBASE.

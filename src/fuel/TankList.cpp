@@ -63,7 +63,7 @@ ui::ListDefinition tankList(const TankFamily& family) {
         const int count =
             countCompartments(host.database(), host.session(), f->itanqu, rows.main.value(0));
         if (count >= rows.main.value(f->at.compartments).toInt())
-            return ui::Refusal{nullptr, f->compartmentsComplete};
+            return ui::Refusal{QString(), f->compartmentsComplete};
         return {};
     };
     def.maintenance = [f](ui::ScreenHost& host) -> ui::MaintenanceScreen* {

@@ -1,12 +1,12 @@
 #include "fuel/TankMaintenance.h"
 
-#include "fuel/FieldSupport.h"
-#include "fuel/FormParts.h"
-#include "fuel/OwnerPanel.h"
 #include "fuel/TankFamily.h"
 #include "fuel/TankRows.h"
 #include "rules/Filters.h"
 #include "store/Database.h"
+#include "ui/FieldSupport.h"
+#include "ui/FormParts.h"
+#include "ui/OwnerPanel.h"
 #include "ui/Session.h"
 
 #include <QComboBox>
@@ -42,36 +42,36 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
     // The tank.
     m_fraTanque = new QGroupBox(m_family.tankWord, this);
     m_fraTanque->setObjectName(QStringLiteral("fraTanque"));
-    m_ntanqu = lineEdit(QStringLiteral("txtNTANQU"), m_fraTanque);
-    m_picNTANQU = keyBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraTanque);
-    m_nident = lineEdit(QStringLiteral("txtNIDENT"), m_fraTanque);
-    m_ainstl = lineEdit(QStringLiteral("mskAINSTL"), m_fraTanque);
-    m_nmatrl = comboBox(QStringLiteral("cmbNMATRL"), m_fraTanque);
-    m_qcomprt = lineEdit(QStringLiteral("txtQCOMPRT"), m_fraTanque);
+    m_ntanqu = ui::lineEdit(QStringLiteral("txtNTANQU"), m_fraTanque);
+    m_picNTANQU = ui::keyBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraTanque);
+    m_nident = ui::lineEdit(QStringLiteral("txtNIDENT"), m_fraTanque);
+    m_ainstl = ui::lineEdit(QStringLiteral("mskAINSTL"), m_fraTanque);
+    m_nmatrl = ui::comboBox(QStringLiteral("cmbNMATRL"), m_fraTanque);
+    m_qcomprt = ui::lineEdit(QStringLiteral("txtQCOMPRT"), m_fraTanque);
     auto* laudo = new QGroupBox(m_family.tankWord, m_fraTanque);
-    m_teste = comboBox(QStringLiteral("cmbitesteestnq"), laudo);
-    m_atesteestnq = lineEdit(QStringLiteral("mskATESTEESTNQ"), laudo);
-    m_ipropr = comboBox(QStringLiteral("cmbIPROPR"), m_fraTanque);
-    m_isitca = comboBox(QStringLiteral("cmbISITCA"), m_fraTanque);
+    m_teste = ui::comboBox(QStringLiteral("cmbitesteestnq"), laudo);
+    m_atesteestnq = ui::lineEdit(QStringLiteral("mskATESTEESTNQ"), laudo);
+    m_ipropr = ui::comboBox(QStringLiteral("cmbIPROPR"), m_fraTanque);
+    m_isitca = ui::comboBox(QStringLiteral("cmbISITCA"), m_fraTanque);
     m_report = {m_ainstl, m_teste, m_atesteestnq, m_ipropr};
 
-    digitsField(m_ntanqu, 3);
+    ui::digitsField(m_ntanqu, 3);
     m_ntanqu->setAlignment(Qt::AlignCenter);
     m_ntanqu->setMaximumWidth(60);
-    textField(m_nident, 30);
+    ui::textField(m_nident, 30);
     m_nident->setAlignment(Qt::AlignCenter);
-    dateField(m_ainstl);
-    digitsField(m_qcomprt, 2);
+    ui::dateField(m_ainstl);
+    ui::digitsField(m_qcomprt, 2);
     m_qcomprt->setMaximumWidth(60);
-    dateField(m_atesteestnq);
-    fixedList(m_teste, {{QStringLiteral("Realizado"), QStringLiteral("R")},
-                        {QStringLiteral("Não Realizado"), QStringLiteral("NR")},
-                        {QStringLiteral("Não Disponível"), QStringLiteral("ND")}});
-    fixedList(m_ipropr, {{QStringLiteral("Proprietário"), QStringLiteral("P")},
-                         {QStringLiteral("Distribuidora"), QStringLiteral("D")},
-                         {QStringLiteral("Outros"), QStringLiteral("O")}});
-    fixedList(m_isitca, {{QStringLiteral("Em Uso"), QStringLiteral("A")},
-                         {QStringLiteral("Desativado"), QStringLiteral("D")}});
+    ui::dateField(m_atesteestnq);
+    ui::fixedList(m_teste, {{QStringLiteral("Realizado"), QStringLiteral("R")},
+                            {QStringLiteral("Não Realizado"), QStringLiteral("NR")},
+                            {QStringLiteral("Não Disponível"), QStringLiteral("ND")}});
+    ui::fixedList(m_ipropr, {{QStringLiteral("Proprietário"), QStringLiteral("P")},
+                             {QStringLiteral("Distribuidora"), QStringLiteral("D")},
+                             {QStringLiteral("Outros"), QStringLiteral("O")}});
+    ui::fixedList(m_isitca, {{QStringLiteral("Em Uso"), QStringLiteral("A")},
+                             {QStringLiteral("Desativado"), QStringLiteral("D")}});
 
     auto* laudoLayout = new QHBoxLayout(laudo);
     laudoLayout->addWidget(m_teste);
@@ -79,46 +79,46 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
         new QLabel(QStringLiteral("Data do Último Laudo de Integridade"), laudo));
     laudoLayout->addWidget(m_atesteestnq);
     auto* tank = new QGridLayout(m_fraTanque);
-    addField(tank, 0, 0, QStringLiteral("Nº"), m_picNTANQU, m_fraTanque);
-    addField(tank, 0, 2, QStringLiteral("Identificação"), m_nident, m_fraTanque);
-    addField(tank, 0, 4, QStringLiteral("Data de Instalação"), m_ainstl, m_fraTanque);
+    ui::addField(tank, 0, 0, QStringLiteral("Nº"), m_picNTANQU, m_fraTanque);
+    ui::addField(tank, 0, 2, QStringLiteral("Identificação"), m_nident, m_fraTanque);
+    ui::addField(tank, 0, 4, QStringLiteral("Data de Instalação"), m_ainstl, m_fraTanque);
     // What the tank holds and is made of; below it, where an aboveground tank stands.
-    addField(tank, 1, 0, QStringLiteral("Nº de Compartimentos"), m_qcomprt, m_fraTanque);
-    addField(tank, 1, 2, m_family.materialLabel, m_nmatrl, m_fraTanque);
+    ui::addField(tank, 1, 0, QStringLiteral("Nº de Compartimentos"), m_qcomprt, m_fraTanque);
+    ui::addField(tank, 1, 2, m_family.materialLabel, m_nmatrl, m_fraTanque);
     // The tab order of the block follows the validation's order, whatever the grid's.
     QList<QWidget*> tabOrder = {m_ntanqu, m_nident, m_ainstl};
     int row = 1;
     if (m_family.hasPosition || m_family.hasBase)
         ++row;
     if (m_family.hasPosition) {
-        m_iposca = comboBox(QStringLiteral("cmbIPOSCA"), m_fraTanque);
-        fixedList(m_iposca, {{QStringLiteral("Horizontal"), QStringLiteral("H")},
-                             {QStringLiteral("Vertical"), QStringLiteral("V")}});
-        addField(tank, row, 0, QStringLiteral("Tipo"), m_iposca, m_fraTanque);
+        m_iposca = ui::comboBox(QStringLiteral("cmbIPOSCA"), m_fraTanque);
+        ui::fixedList(m_iposca, {{QStringLiteral("Horizontal"), QStringLiteral("H")},
+                                 {QStringLiteral("Vertical"), QStringLiteral("V")}});
+        ui::addField(tank, row, 0, QStringLiteral("Tipo"), m_iposca, m_fraTanque);
         tabOrder << m_iposca;
     }
     tabOrder << m_nmatrl;
     if (m_family.fixedMaterials) {
-        fixedList(m_nmatrl, {{QStringLiteral("Aço"), kMaterialAco},
-                             {QStringLiteral("Outros"), kMaterialOutros}});
-        m_dmatrloutro = lineEdit(QStringLiteral("txtDMATRLOUTRO"), m_fraTanque);
+        ui::fixedList(m_nmatrl, {{QStringLiteral("Aço"), kMaterialAco},
+                                 {QStringLiteral("Outros"), kMaterialOutros}});
+        m_dmatrloutro = ui::lineEdit(QStringLiteral("txtDMATRLOUTRO"), m_fraTanque);
         // The column sets no width, and neither does the field.
         ui::attachText(m_dmatrloutro, ui::Case::Upper);
         m_dmatrloutro->setMinimumWidth(200);
-        m_picDMATRLOUTRO = keyBox(QStringLiteral("picDMATRLOUTRO"), m_dmatrloutro, m_fraTanque);
+        m_picDMATRLOUTRO = ui::keyBox(QStringLiteral("picDMATRLOUTRO"), m_dmatrloutro, m_fraTanque);
         m_picDMATRLOUTRO->setEnabled(false);
         tank->addWidget(m_picDMATRLOUTRO, 1, 4, 1, 2);
         tabOrder << m_dmatrloutro;
     }
     if (m_family.hasBase) {
-        m_nbase = comboBox(QStringLiteral("cmbNBASE"), m_fraTanque);
-        addField(tank, row, 2, QStringLiteral("Tipo de Base"), m_nbase, m_fraTanque);
+        m_nbase = ui::comboBox(QStringLiteral("cmbNBASE"), m_fraTanque);
+        ui::addField(tank, row, 2, QStringLiteral("Tipo de Base"), m_nbase, m_fraTanque);
         tabOrder << m_nbase;
     }
     tabOrder << m_qcomprt << m_teste << m_atesteestnq << m_ipropr << m_isitca;
     tank->addWidget(laudo, row + 1, 0, 1, 6);
-    addField(tank, row + 2, 0, QStringLiteral("Proprietário"), m_ipropr, m_fraTanque);
-    addField(tank, row + 2, 2, QStringLiteral("Situação"), m_isitca, m_fraTanque);
+    ui::addField(tank, row + 2, 0, QStringLiteral("Proprietário"), m_ipropr, m_fraTanque);
+    ui::addField(tank, row + 2, 2, QStringLiteral("Situação"), m_isitca, m_fraTanque);
     tank->setColumnStretch(3, 1);
     for (qsizetype i = 1; i < tabOrder.size(); ++i)
         setTabOrder(tabOrder.at(i - 1), tabOrder.at(i));
@@ -126,23 +126,23 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
     // The compartment.
     m_fraCompar = new QGroupBox(QStringLiteral("Compartimento"), this);
     m_fraCompar->setObjectName(QStringLiteral("fraCompar"));
-    m_ncompr = lineEdit(QStringLiteral("txtNCOMPR"), m_fraCompar);
-    m_picNCOMPR = keyBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraCompar);
-    m_nbocacarrg = comboBox(QStringLiteral("cmbNBOCACARRG"), m_fraCompar);
-    m_qcapcd = lineEdit(QStringLiteral("txtQCAPCD"), m_fraCompar);
-    m_ncombs = comboBox(QStringLiteral("cmbNCOMBS"), m_fraCompar);
+    m_ncompr = ui::lineEdit(QStringLiteral("txtNCOMPR"), m_fraCompar);
+    m_picNCOMPR = ui::keyBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraCompar);
+    m_nbocacarrg = ui::comboBox(QStringLiteral("cmbNBOCACARRG"), m_fraCompar);
+    m_qcapcd = ui::lineEdit(QStringLiteral("txtQCAPCD"), m_fraCompar);
+    m_ncombs = ui::comboBox(QStringLiteral("cmbNCOMBS"), m_fraCompar);
     auto* respiro = new QGroupBox(m_family.ventTitle, m_fraCompar);
-    m_qrespraltra = lineEdit(QStringLiteral("txtQRESPRALTRA"), respiro);
-    m_qresprdistcrecpt = lineEdit(QStringLiteral("txtQRESPRDISTCRECPT"), respiro);
-    digitsField(m_ncompr, 2);
+    m_qrespraltra = ui::lineEdit(QStringLiteral("txtQRESPRALTRA"), respiro);
+    m_qresprdistcrecpt = ui::lineEdit(QStringLiteral("txtQRESPRDISTCRECPT"), respiro);
+    ui::digitsField(m_ncompr, 2);
     m_ncompr->setAlignment(Qt::AlignCenter);
     m_ncompr->setMaximumWidth(60);
-    digitsField(m_qcapcd, 3);
+    ui::digitsField(m_qcapcd, 3);
     m_qcapcd->setMaximumWidth(60);
     m_qrespraltra->setMaximumWidth(60);
     m_qresprdistcrecpt->setMaximumWidth(60);
     respiro->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    digitsField(m_qrespraltra, 3);
+    ui::digitsField(m_qrespraltra, 3);
     m_qrespraltra->setAlignment(Qt::AlignCenter);
     ui::attachDecimal(m_qresprdistcrecpt, 4, 2);
     m_qresprdistcrecpt->setAlignment(Qt::AlignCenter);
@@ -152,15 +152,15 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
     respiroLayout->addWidget(new QLabel(m_family.ventDistanceLabel, respiro));
     respiroLayout->addWidget(m_qresprdistcrecpt);
     auto* compar = new QGridLayout(m_fraCompar);
-    addField(compar, 0, 0, QStringLiteral("Compartimento"), m_picNCOMPR, m_fraCompar);
-    addField(compar, 0, 2, m_family.loadingMouthLabel, m_nbocacarrg, m_fraCompar);
-    addField(compar, 1, 0, QStringLiteral("Capacidade m³"), m_qcapcd, m_fraCompar);
-    addField(compar, 1, 2, QStringLiteral("Produto Estocado"), m_ncombs, m_fraCompar);
+    ui::addField(compar, 0, 0, QStringLiteral("Compartimento"), m_picNCOMPR, m_fraCompar);
+    ui::addField(compar, 0, 2, m_family.loadingMouthLabel, m_nbocacarrg, m_fraCompar);
+    ui::addField(compar, 1, 0, QStringLiteral("Capacidade m³"), m_qcapcd, m_fraCompar);
+    ui::addField(compar, 1, 2, QStringLiteral("Produto Estocado"), m_ncombs, m_fraCompar);
     compar->addWidget(respiro, 2, 0, 1, 4);
     compar->setColumnStretch(3, 1);
 
-    m_fraProp = new OwnerPanel(host.database(), QStringLiteral("TB_POSTOTANQUPROPR"),
-                               QStringLiteral("NTANQU"), m_family.ownerTexts, this);
+    m_fraProp =
+        new ui::OwnerPanel(host.database(), "TB_POSTOTANQUPROPR", m_family.ownerTexts, this);
 
     for (QGroupBox* frame :
          {static_cast<QGroupBox*>(m_fraTanque), m_fraCompar, static_cast<QGroupBox*>(m_fraProp)})
@@ -189,7 +189,7 @@ bool TankMaintenance::ownerShown() const {
 }
 
 bool TankMaintenance::otherMaterial() const {
-    return m_family.fixedMaterials && chosenCode(m_nmatrl).toInt() == kMaterialOutros;
+    return m_family.fixedMaterials && ui::chosenCode(m_nmatrl).toInt() == kMaterialOutros;
 }
 
 void TankMaintenance::prepare() {
@@ -197,22 +197,22 @@ void TankMaintenance::prepare() {
         // The underground list never offers plain steel; the aboveground one has its own fixed
         // list, "Aço" or "Outros".
         if (!m_family.fixedMaterials)
-            databaseList(database(), m_nmatrl,
-                         QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
-                                        " Where IMATRLTANQULINHA = 'T' and dmatrl<>'Aço'"
-                                        " Order By NMATRL"));
+            ui::databaseList(database(), m_nmatrl,
+                             QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
+                                            " Where IMATRLTANQULINHA = 'T' and dmatrl<>'Aço'"
+                                            " Order By NMATRL"));
         if (m_family.hasBase)
-            databaseList(database(), m_nbase,
-                         QStringLiteral("Select NBASE, DBASE From DICNRBASE Order By NBASE"));
+            ui::databaseList(database(), m_nbase,
+                             QStringLiteral("Select NBASE, DBASE From DICNRBASE Order By NBASE"));
     } else {
-        databaseList(database(), m_nbocacarrg,
-                     QStringLiteral("Select NBOCACARRG, DBOCACARRG From DICNRBOCACARRG"
-                                    " Order By NBOCACARRG"));
+        ui::databaseList(database(), m_nbocacarrg,
+                         QStringLiteral("Select NBOCACARRG, DBOCACARRG From DICNRBOCACARRG"
+                                        " Order By NBOCACARRG"));
         // The bracketing is as the product list has always had it.
-        databaseList(database(), m_ncombs,
-                     QStringLiteral("Select NCOMBS, DCOMBS From DICNRCOMBS Where NCOMBS >= 100"
-                                    " And NCOMBS <> 109 And NCOMBS <> 119 And NCOMBS <> 129"
-                                    " And NCOMBS < 131 Or ncombs=135 Order By NCOMBS"));
+        ui::databaseList(database(), m_ncombs,
+                         QStringLiteral("Select NCOMBS, DCOMBS From DICNRCOMBS Where NCOMBS >= 100"
+                                        " And NCOMBS <> 109 And NCOMBS <> 119 And NCOMBS <> 129"
+                                        " And NCOMBS < 131 Or ncombs=135 Order By NCOMBS"));
     }
 }
 
@@ -227,8 +227,8 @@ void TankMaintenance::copyFromList(const ui::ListSelection& rows) {
     m_nident->setText(tank.value(1));
     m_ainstl->setText(tank.value(2));
     if (m_iposca)
-        chooseText(m_iposca, tank.value(at.position));
-    chooseText(m_nmatrl, tank.value(at.material));
+        ui::chooseText(m_iposca, tank.value(at.position));
+    ui::chooseText(m_nmatrl, tank.value(at.material));
     if (m_family.fixedMaterials) {
         materialChosen();
         if (op == m_family.alterarTanque && otherMaterial())
@@ -240,25 +240,25 @@ void TankMaintenance::copyFromList(const ui::ListSelection& rows) {
                     .toString());
     }
     if (m_nbase)
-        chooseText(m_nbase, tank.value(at.base));
+        ui::chooseText(m_nbase, tank.value(at.base));
     m_qcomprt->setText(tank.value(at.compartments));
-    chooseText(m_isitca, tank.value(at.situation));
+    ui::chooseText(m_isitca, tank.value(at.situation));
     if (!tank.value(at.report).isEmpty()) {
         m_atesteestnq->setText(tank.value(at.report));
-        chooseCode(m_teste, QStringLiteral("R"));
+        ui::chooseCode(m_teste, QStringLiteral("R"));
     } else {
         const QVariant code = database().scalar(
             QStringLiteral("Select ITESTEESTNQ From TB_POSTOTANQU Where nMuncp = ? And NSEQNC = ?"
                            " And ITANQU = ? and ntanqu=?"),
             {session().nmuncp, session().nseqnc, m_family.itanqu, tank.value(0)});
-        chooseCode(m_teste, code.toString() == QLatin1String("NR") ? QStringLiteral("NR")
-                                                                   : QStringLiteral("ND"));
+        ui::chooseCode(m_teste, code.toString() == QLatin1String("NR") ? QStringLiteral("NR")
+                                                                       : QStringLiteral("ND"));
         if (op == m_family.alterarTanque)
             m_atesteestnq->setEnabled(false);
     }
-    chooseText(m_ipropr, tank.value(at.owner));
-    if (chosenCode(m_ipropr).toString() == QLatin1String("O")) {
-        m_fraProp->load(database(), session(), m_family.itanqu, tank.value(0));
+    ui::chooseText(m_ipropr, tank.value(at.owner));
+    if (ui::chosenCode(m_ipropr).toString() == QLatin1String("O")) {
+        m_fraProp->load(database(), ownerKey(tank.value(0).toInt()));
         m_fraProp->show();
         m_fraProp->setEnabled(false);
     }
@@ -267,9 +267,9 @@ void TankMaintenance::copyFromList(const ui::ListSelection& rows) {
     if (operation().name == kAlterarCompartimento) {
         const QStringList& compartment = rows.detail;
         m_ncompr->setText(compartment.value(0));
-        chooseText(m_nbocacarrg, compartment.value(1));
+        ui::chooseText(m_nbocacarrg, compartment.value(1));
         m_qcapcd->setText(compartment.value(2));
-        chooseText(m_ncombs, compartment.value(3));
+        ui::chooseText(m_ncombs, compartment.value(3));
     }
 }
 
@@ -285,7 +285,7 @@ QWidget* TankMaintenance::arrangePanels() {
             m_ntanqu->setReadOnly(false);
             return m_ntanqu;
         }
-        m_fraProp->setVisible(chosenCode(m_ipropr).toString() == QLatin1String("O"));
+        m_fraProp->setVisible(ui::chosenCode(m_ipropr).toString() == QLatin1String("O"));
         m_fraProp->setEnabled(true);
         m_ntanqu->setReadOnly(true);
         m_picNTANQU->setEnabled(false);
@@ -361,7 +361,7 @@ ui::Check TankMaintenance::consistirTanque() {
         return Refusal{m_ntanqu, m_family.numberTaken};
     if (m_nident->text().isEmpty())
         return Refusal{m_nident, QStringLiteral("Preenchimento Obrigatório da Identificação.")};
-    if (clipText(m_ainstl).isEmpty())
+    if (ui::clipText(m_ainstl).isEmpty())
         return Refusal{m_ainstl, QStringLiteral("Preenchimento Obrigatório da Data da Instalação")};
     if (m_iposca && m_iposca->currentText().isEmpty())
         return Refusal{m_iposca,
@@ -381,7 +381,7 @@ ui::Check TankMaintenance::consistirTanque() {
     if (m_teste->currentText().isEmpty())
         return Refusal{m_teste, QStringLiteral("Preenchimento Obrigatório da condição do Último "
                                                "Laudo de Integridade")};
-    if (m_atesteestnq->isEnabled() && clipText(m_atesteestnq).isEmpty())
+    if (m_atesteestnq->isEnabled() && ui::clipText(m_atesteestnq).isEmpty())
         return Refusal{m_atesteestnq, QStringLiteral("Preenchimento Obrigatório da Data do Último "
                                                      "Laudo de Integridade")};
     if (m_ipropr->currentText().isEmpty())
@@ -447,18 +447,17 @@ void TankMaintenance::materialChosen() {
 
 void TankMaintenance::write(store::Database& db) {
     const QString& op = operation().name;
-    const QString& itanqu = m_family.itanqu;
     if (op == m_family.incluirTanque) {
         gravarTanque(db);
         if (ownerShown())
-            m_fraProp->write(db, session(), itanqu, m_ntanqu->text().toInt());
+            m_fraProp->write(db, ownerKey(m_ntanqu->text().toInt(), true));
         else
-            deleteTankOwner(db, session(), itanqu, m_ntanqu->text().toInt());
+            m_fraProp->remove(db, ownerKey(m_ntanqu->text().toInt()));
     } else if (op == m_family.alterarTanque) {
         alterarTanque(db);
-        deleteTankOwner(db, session(), itanqu, m_ntanqu->text().toInt());
+        m_fraProp->remove(db, ownerKey(m_ntanqu->text().toInt()));
         if (ownerShown())
-            m_fraProp->write(db, session(), itanqu, m_ntanqu->text().toInt());
+            m_fraProp->write(db, ownerKey(m_ntanqu->text().toInt(), true));
     } else if (op == kIncluirCompartimento) {
         gravarCompartimento(db);
     } else {
@@ -467,33 +466,33 @@ void TankMaintenance::write(store::Database& db) {
 }
 
 void TankMaintenance::gravarTanque(store::Database& db) {
-    const QVariant report = dateValue(m_atesteestnq);
+    const QVariant report = ui::dateValue(m_atesteestnq);
     QString columns = QStringLiteral("NMUNCP, NSEQNC, AINFRM, ITANQU,NTANQU,NIDENT,AINSTL, NMATRL,"
                                      "QCOMPRT,");
     QVariantList values = {
-        session().nmuncp,    session().nseqnc,         session().ainfrm.toString(Qt::ISODate),
-        m_family.itanqu,     m_ntanqu->text().toInt(), m_nident->text(),
-        dateValue(m_ainstl), chosenCode(m_nmatrl),     m_qcomprt->text().toInt()};
+        session().nmuncp,        session().nseqnc,         session().ainfrm.toString(Qt::ISODate),
+        m_family.itanqu,         m_ntanqu->text().toInt(), m_nident->text(),
+        ui::dateValue(m_ainstl), ui::chosenCode(m_nmatrl), m_qcomprt->text().toInt()};
     if (report.isValid()) {
         columns += QStringLiteral("ATESTEESTNQ,");
         values << report;
     }
     columns += QStringLiteral("SSISTMPROTC, IPROTC,DPROTC,IFREQNMANTN, IPROPR,");
-    values << QVariant() << QVariant() << QVariant() << QVariant() << chosenCode(m_ipropr);
+    values << QVariant() << QVariant() << QVariant() << QVariant() << ui::chosenCode(m_ipropr);
     if (m_family.hasPosition) {
         columns += QStringLiteral("IPOSCA,");
-        values << chosenCode(m_iposca);
+        values << ui::chosenCode(m_iposca);
     }
     if (m_family.hasBase) {
         columns += QStringLiteral("NBASE,");
-        values << chosenCode(m_nbase);
+        values << ui::chosenCode(m_nbase);
     }
     if (m_family.fixedMaterials) {
         columns += QStringLiteral("DMATRLOUTRO,");
         values << materialDescription();
     }
     columns += QStringLiteral("ISITCA, ITESTEESTNQ");
-    values << situacao() << chosenCode(m_teste);
+    values << situacao() << ui::chosenCode(m_teste);
     QStringList marks;
     for (qsizetype i = 0; i < values.size(); ++i)
         marks << QStringLiteral("?");
@@ -512,16 +511,16 @@ void TankMaintenance::alterarTanque(store::Database& db) {
                                          " IPROPR = ?, ISITCA = ?");
     QVariantList values = {m_family.itanqu,
                            m_nident->text(),
-                           dateValue(m_ainstl),
+                           ui::dateValue(m_ainstl),
                            nmatrl,
                            m_qcomprt->text().toInt(),
-                           dateValue(m_atesteestnq),
-                           chosenCode(m_teste),
-                           chosenCode(m_ipropr),
+                           ui::dateValue(m_atesteestnq),
+                           ui::chosenCode(m_teste),
+                           ui::chosenCode(m_ipropr),
                            situacao()};
     if (m_family.hasPosition) {
         assignments += QStringLiteral(", IPOSCA = ?");
-        values << chosenCode(m_iposca);
+        values << ui::chosenCode(m_iposca);
     }
     if (m_family.hasBase) {
         assignments += QStringLiteral(", NBASE = ?");
@@ -554,7 +553,7 @@ void TankMaintenance::gravarCompartimento(store::Database& db) {
                           " Values(?,?,?,?,?,?,?,?,?,?,?)"),
            {session().nmuncp, session().nseqnc, session().ainfrm.toString(Qt::ISODate),
             m_family.itanqu, m_ntanqu->text().toInt(), m_ncompr->text().toInt(),
-            chosenCode(m_nbocacarrg), m_qcapcd->text().toInt(), chosenCode(m_ncombs),
+            ui::chosenCode(m_nbocacarrg), m_qcapcd->text().toInt(), ui::chosenCode(m_ncombs),
             m_qrespraltra->text().toInt(), rules::numeroParaSql(m_qresprdistcrecpt->text())});
 }
 
@@ -574,6 +573,13 @@ void TankMaintenance::alterarCompartimento(store::Database& db) {
            {nbocacarrg, m_qcapcd->text().toInt(), ncombs, m_qrespraltra->text().toInt(),
             rules::numeroParaSql(m_qresprdistcrecpt->text()), session().nmuncp, session().nseqnc,
             m_family.itanqu, m_ntanqu->text().toInt(), m_ncompr->text().toInt()});
+}
+
+store::Row TankMaintenance::ownerKey(const QVariant& ntanqu, bool withDate) const {
+    store::Row key = withDate ? session().newRow() : session().keyRow();
+    key.insert(QStringLiteral("ITANQU"), m_family.itanqu);
+    key.insert(QStringLiteral("NTANQU"), ntanqu);
+    return key;
 }
 
 QString TankMaintenance::newKey() const {

@@ -1,15 +1,19 @@
 #pragma once
 
-#include "fuel/FormParts.h"
+#include "store/RowWriter.h"
+#include "ui/FormParts.h"
 #include "ui/MaintenanceScreen.h"
 
 class QComboBox;
 class QGroupBox;
 class QLineEdit;
 
+namespace ui {
+class OwnerPanel;
+}
+
 namespace fuel {
 
-class OwnerPanel;
 struct TankFamily;
 
 // frmTanquM and frmTanquAereoM: one tank of the family, with its owner, or one of its
@@ -32,6 +36,8 @@ protected:
     int childrenDue() const override;
 
 private:
+    // The key of the tank's owner row; with the information date for an insert.
+    store::Row ownerKey(const QVariant& ntanqu, bool withDate = false) const;
     bool onTank() const;
     bool ownerShown() const;
     ui::Check consistirTanque();
@@ -62,7 +68,7 @@ private:
     QLineEdit* m_qcomprt = nullptr;
     QComboBox* m_teste = nullptr;
     QLineEdit* m_atesteestnq = nullptr;
-    IntegrityReport m_report; // the installation date and the integrity report
+    ui::IntegrityReport m_report; // the installation date and the integrity report
     QComboBox* m_ipropr = nullptr;
     QComboBox* m_isitca = nullptr;
 
@@ -75,7 +81,7 @@ private:
     QLineEdit* m_qrespraltra = nullptr;
     QLineEdit* m_qresprdistcrecpt = nullptr;
 
-    OwnerPanel* m_fraProp = nullptr;
+    ui::OwnerPanel* m_fraProp = nullptr;
     // QCOMPRT as the grid showed it when the tank was opened for a change.
     int m_oldCompartments = 0;
 };
