@@ -19,18 +19,3 @@ QString TestEnvironment::newDatabasePath(const QString& name) const {
 }
 
 } // namespace testsupport
-
-#include <QDir>
-#include <QWidget>
-
-namespace testsupport {
-
-void saveScreenshot(QWidget& widget, const QString& name) {
-    const QString folder = qEnvironmentVariable("VOR_SCREENSHOTS");
-    if (folder.isEmpty())
-        return;
-    QDir().mkpath(folder);
-    widget.grab().save(QDir(folder).filePath(name + QStringLiteral(".png")));
-}
-
-} // namespace testsupport
