@@ -34,10 +34,10 @@ private slots:
             "frmPostoUSOOCUPCSOLO",    "frmPostoContrEstq",       "frmPostoHistrVazmnSubtr",
             "frmPostoProtcCatdcSubtr", "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo",
             "frmPostoProtcCatdcAereo", "frmPostoMontrAmbntAereo", "frmBaciaContn",
-            "frmPostoGasBatri",        "frmPostoGasCompr",        "frmPostoGasBomba",
-            "frmPostoMovmn",           "frmPostoAreaServc",       "frmPostoConsmAgua",
-            "frmPostoEflntLiqdo",      "frmPostoResdu",           "frmPostoPrevnEmissAr",
-            "frmPostoRuido",           "frmPostoPrevnAcidn",      "frmPostoEntrg",
+            "frmPostoGasCompr",        "frmPostoGasBomba",        "frmPostoMovmn",
+            "frmPostoAreaServc",       "frmPostoConsmAgua",       "frmPostoEflntLiqdo",
+            "frmPostoResdu",           "frmPostoPrevnEmissAr",    "frmPostoRuido",
+            "frmPostoPrevnAcidn",      "frmPostoEntrg",
         };
         QCOMPARE(missing, expected);
     }
