@@ -105,7 +105,7 @@ ui::Field situation(QString required) {
 
 QString shownAs(std::string_view column, std::string_view list, QVariantList& values) {
     const store::CodeList& codes = store::codeList(list);
-    const QString name = QString::fromLatin1(column.data(), qsizetype(column.size()));
+    const QString name = nameOf(column);
     QString sql = QStringLiteral("Case");
     for (std::size_t i = 0; i + 1 < codes.size(); ++i) {
         sql += QStringLiteral(" When ") + name + QStringLiteral(" = ? Then ?");

@@ -14,6 +14,11 @@ namespace gas {
 inline const QString kCaption =
     QStringLiteral("Sistema de Armazenamento de Combustível - Gás Natural Veicular");
 
+// A name of the catalogue (table or column) as the statements and rows spell it.
+inline QString nameOf(std::string_view name) {
+    return QString::fromLatin1(name.data(), qsizetype(name.size()));
+}
+
 // mskAINSTL: required, of eight digits at Ok; on leaving, a real date, not in the future, and
 // not after the last maintenance, which `orderMessage` refuses.
 ui::Field installationDate(const ui::FieldSet* set, QString orderMessage);

@@ -12,14 +12,6 @@
 
 namespace gas {
 
-namespace {
-
-QString columnName(std::string_view column) {
-    return QString::fromLatin1(column.data(), qsizetype(column.size()));
-}
-
-} // namespace
-
 GasMaintenance::GasMaintenance(ui::ScreenHost& host, QString listName,
                                QList<ui::Operation> operations, EquipmentTables tables,
                                QWidget* parent)
@@ -50,11 +42,7 @@ GasMaintenance::GasMaintenance(ui::ScreenHost& host, QString listName,
     auto* edit = qobject_cast<QLineEdit*>(key);
     edit->setAlignment(Qt::AlignCenter);
     edit->setMaximumWidth(60);
-    m_keyBox = ui::keyBox(QStringLiteral("pic") + columnName(m_tables.column), key, m_block);
-
-    m_owner = new ui::OwnerPanel(host.database(), m_tables.ownerTable, {}, this);
-    m_owner->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    m_owner->hide();
+    m_keyBox = ui::keyBox(QStringLiteral("pic") + nameOf(m_tables.column), key, m_block);
 }
 
 void GasMaintenance::addInstallation(QString orderMessage) {
@@ -66,6 +54,10 @@ void GasMaintenance::addTail(QString situationRequired) {
     m_fields.add(maintenanceDate(&m_fields), m_block)->setMaximumWidth(100);
     auto* owner = qobject_cast<QComboBox*>(m_fields.add(ownerKind(), m_block));
     m_fields.add(situation(std::move(situationRequired)), m_block);
+    // Built after the equipment's fields, the owner's come after them on the keyboard too.
+    m_owner = new ui::OwnerPanel(database(), m_tables.ownerTable, {}, this);
+    m_owner->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    m_owner->hide();
     connect(owner, &QComboBox::activated, this,
             [this, owner] { m_owner->followOwnerChoice(owner); });
 }
@@ -80,7 +72,7 @@ QVariant GasMaintenance::number() const {
 
 store::Row GasMaintenance::keyOf(const QVariant& number) const {
     store::Row key = session().keyRow();
-    key.insert(columnName(m_tables.column), number);
+    key.insert(nameOf(m_tables.column), number);
     return key;
 }
 
@@ -131,7 +123,7 @@ void GasMaintenance::writeEquipment(store::Database& db) {
     m_owner->remove(db, key);
     if (ownerShown()) {
         store::Row owner = session().newRow();
-        owner.insert(columnName(m_tables.column), number());
+        owner.insert(nameOf(m_tables.column), number());
         m_owner->write(db, owner);
     }
 }

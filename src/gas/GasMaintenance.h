@@ -40,7 +40,8 @@ protected:
 
     // Declares mskAINSTL in the block.
     void addInstallation(QString orderMessage);
-    // Declares the fields that close the block: the last maintenance, the owner, the situation.
+    // Declares the fields that close the block: the last maintenance, the owner, the situation;
+    // and builds the owner panel.
     void addTail(QString situationRequired);
 
     ui::FieldSet& fields() { return m_fields; }

@@ -34,10 +34,9 @@ private slots:
             "frmPostoUSOOCUPCSOLO",    "frmPostoContrEstq",       "frmPostoHistrVazmnSubtr",
             "frmPostoProtcCatdcSubtr", "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo",
             "frmPostoProtcCatdcAereo", "frmPostoMontrAmbntAereo", "frmBaciaContn",
-            "frmPostoGasCompr",        "frmPostoGasBomba",        "frmPostoMovmn",
-            "frmPostoAreaServc",       "frmPostoConsmAgua",       "frmPostoEflntLiqdo",
-            "frmPostoResdu",           "frmPostoPrevnEmissAr",    "frmPostoRuido",
-            "frmPostoPrevnAcidn",      "frmPostoEntrg",
+            "frmPostoMovmn",           "frmPostoAreaServc",       "frmPostoConsmAgua",
+            "frmPostoEflntLiqdo",      "frmPostoResdu",           "frmPostoPrevnEmissAr",
+            "frmPostoRuido",           "frmPostoPrevnAcidn",      "frmPostoEntrg",
         };
         QCOMPARE(missing, expected);
     }
