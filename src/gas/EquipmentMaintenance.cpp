@@ -84,6 +84,8 @@ EquipmentMaintenance::EquipmentMaintenance(ui::ScreenHost& host, const Equipment
               .label = QStringLiteral("Material da Linha"),
               .kind = ui::FieldKind::Dictionary,
               .required = QStringLiteral("Preenchimento Obrigatório do Material da Linha"),
+              .dictionary = QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
+                                           " WHERE IMATRLTANQULINHA='L' Order By NMATRL"),
               .applies = firstLink},
              m_fraBateria)
         ->setMinimumWidth(260);
@@ -138,9 +140,8 @@ void EquipmentMaintenance::prepare() {
                      QStringLiteral("Select NBATRI, NBATRI From TB_POSTOGASBATRI"
                                     " WHERE NMUNCP=? AND NSEQNC=? Order By NBATRI"),
                      {session().nmuncp, session().nseqnc});
-    ui::databaseList(database(), fields().combo(kMaterial),
-                     QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
-                                    " WHERE IMATRLTANQULINHA='L' Order By NMATRL"));
+    // The line materials; the batteries are the register's own.
+    fields().loadLists(database());
 }
 
 void EquipmentMaintenance::copyFromList(const ui::ListSelection& rows) {
