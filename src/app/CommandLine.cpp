@@ -24,6 +24,7 @@
 #include <QCoreApplication>
 #include <QScreen>
 #include <QTextStream>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -245,7 +246,7 @@ int runDesktop(int argc, char* argv[]) {
     QApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
     QCommandLineParser parser;
     describe(parser, QString());
-    parser.process(application);
+    processArguments(parser);
 
     const QString path = databasePath(parser.value(QStringLiteral("database")));
     reportIncoming(takeIncomingDatabase(path), path);
@@ -272,6 +273,14 @@ int runDesktop(int argc, char* argv[]) {
 
 } // namespace
 
+void processArguments(QCommandLineParser& parser) {
+    if (!parser.parse(QCoreApplication::arguments())) {
+        err() << "vor: " << parser.errorText() << Qt::endl;
+        std::exit(2);
+    }
+    parser.process(*QCoreApplication::instance());
+}
+
 int runCommandLine(int argc, char* argv[]) {
     // Printing lays out pages and so needs a GUI application of its own.
     if (argc > 1 && std::strcmp(argv[1], "print") == 0)
@@ -296,7 +305,7 @@ int runCommandLine(int argc, char* argv[]) {
     parser.addOption({QStringLiteral("yes"),
                       QStringLiteral("import: go on without asking; the database's registers are "
                                      "replaced by those of the files.")});
-    parser.process(application);
+    processArguments(parser);
 
     const QStringList args = parser.positionalArguments();
     const QString command = args.value(0);

@@ -1,5 +1,6 @@
 #include "app/PrintCommand.h"
 
+#include "app/CommandLine.h"
 #include "printing/Memorial.h"
 #include "store/Database.h"
 #include "store/Failure.h"
@@ -42,7 +43,7 @@ int runPrintCommand(int argc, char* argv[]) {
     parser.addOption(
         {QStringLiteral("pdf"), QStringLiteral("The PDF file to write."), QStringLiteral("FILE")});
     parser.addPositionalArgument(QStringLiteral("print"), QStringLiteral("The command."));
-    parser.process(application);
+    processArguments(parser);
 
     const QString database = parser.value(QStringLiteral("database"));
     const QString code = parser.value(QStringLiteral("register"));
