@@ -10,7 +10,8 @@ all: build
 bootstrap:
 	@scripts/bootstrap
 
-$(BUILD)/build.ninja:
+# Again when the list of packages grows, so that an existing build folder gets them too.
+$(BUILD)/build.ninja: scripts/bootstrap
 	@scripts/bootstrap
 	cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS)
 

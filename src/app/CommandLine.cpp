@@ -1,5 +1,6 @@
 #include "app/CommandLine.h"
 
+#include "app/Identity.h"
 #include "app/Paths.h"
 #include "app/PrintCommand.h"
 #include "app/Screens.h"
@@ -22,6 +23,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QIcon>
 #include <QScreen>
 #include <QTextStream>
 #include <cstdlib>
@@ -242,8 +244,9 @@ int runDesktop(int argc, char* argv[]) {
         return 2;
     }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("vor"));
-    QApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
+    identifyApplication();
+    // Found in the icon theme once installed; from the build folder the window has none.
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral(VOR_APP_ID)));
     QCommandLineParser parser;
     describe(parser, QString());
     processArguments(parser);
@@ -293,8 +296,7 @@ int runCommandLine(int argc, char* argv[]) {
         return runDesktop(argc, argv);
 
     QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("vor"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
+    identifyApplication();
     QCommandLineParser parser;
     describe(parser, QStringLiteral("init | summary | export | import | demo-register"));
     parser.addOption({QStringLiteral("register"),
