@@ -1,11 +1,11 @@
 #include "fuel/PumpMaintenance.h"
 
-#include "fuel/FieldSupport.h"
-#include "fuel/OwnerPanel.h"
 #include "fuel/PumpList.h"
 #include "fuel/PumpRows.h"
 #include "fuel/TankRows.h"
 #include "store/Database.h"
+#include "ui/FieldSupport.h"
+#include "ui/OwnerPanel.h"
 #include "ui/Session.h"
 
 #include <QComboBox>
@@ -48,37 +48,37 @@ PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family,
     // The pump.
     m_fraBomba = new QGroupBox(family.pump, this);
     m_fraBomba->setObjectName(QStringLiteral("fraBomba"));
-    m_nbomba = lineEdit(QStringLiteral("txtNBOMBA"), m_fraBomba);
-    m_picNBOMBA = keyBox(QStringLiteral("picNBOMBA"), m_nbomba, m_fraBomba);
-    m_nident = lineEdit(QStringLiteral("txtNIDENT"), m_fraBomba);
-    m_ainstl = lineEdit(QStringLiteral("mskAINSTL"), m_fraBomba);
-    m_nvalvlretnc = comboBox(QStringLiteral("cmbNVALVLRETNC"), m_fraBomba);
-    m_nfiltro = comboBox(QStringLiteral("cmbNFILTRO"), m_fraBomba);
+    m_nbomba = ui::lineEdit(QStringLiteral("txtNBOMBA"), m_fraBomba);
+    m_picNBOMBA = ui::keyBox(QStringLiteral("picNBOMBA"), m_nbomba, m_fraBomba);
+    m_nident = ui::lineEdit(QStringLiteral("txtNIDENT"), m_fraBomba);
+    m_ainstl = ui::lineEdit(QStringLiteral("mskAINSTL"), m_fraBomba);
+    m_nvalvlretnc = ui::comboBox(QStringLiteral("cmbNVALVLRETNC"), m_fraBomba);
+    m_nfiltro = ui::comboBox(QStringLiteral("cmbNFILTRO"), m_fraBomba);
     auto* laudo = new QGroupBox(m_fraBomba);
-    m_teste = comboBox(QStringLiteral("cmbitesteestnq"), laudo);
-    m_atesteestnq = lineEdit(QStringLiteral("mskATESTEESTNQ"), laudo);
-    m_ipropr = comboBox(QStringLiteral("cmbIPROPR"), m_fraBomba);
+    m_teste = ui::comboBox(QStringLiteral("cmbitesteestnq"), laudo);
+    m_atesteestnq = ui::lineEdit(QStringLiteral("mskATESTEESTNQ"), laudo);
+    m_ipropr = ui::comboBox(QStringLiteral("cmbIPROPR"), m_fraBomba);
     m_report = {m_ainstl, m_teste, m_atesteestnq, m_ipropr};
 
-    digitsField(m_nbomba, 3);
+    ui::digitsField(m_nbomba, 3);
     m_nbomba->setAlignment(Qt::AlignCenter);
     m_nbomba->setMaximumWidth(60);
-    textField(m_nident, family.identLength);
+    ui::textField(m_nident, family.identLength);
     m_nident->setAlignment(Qt::AlignCenter);
     // As wide as its longest identification.
     m_nident->setMinimumWidth(
         m_nident->fontMetrics().horizontalAdvance(QString(family.identLength, QLatin1Char('N'))) +
         16);
-    dateField(m_ainstl);
+    ui::dateField(m_ainstl);
     m_ainstl->setMaximumWidth(100);
-    dateField(m_atesteestnq);
+    ui::dateField(m_atesteestnq);
     m_atesteestnq->setMaximumWidth(100);
-    fixedList(m_teste, {{QStringLiteral("Realizado"), QStringLiteral("R")},
-                        {QStringLiteral("Não Realizado"), QStringLiteral("NR")},
-                        {QStringLiteral("Não Disponível"), QStringLiteral("ND")}});
-    fixedList(m_ipropr, {{QStringLiteral("Proprietário"), QStringLiteral("P")},
-                         {QStringLiteral("Distribuidora"), QStringLiteral("D")},
-                         {QStringLiteral("Outros"), QStringLiteral("O")}});
+    ui::fixedList(m_teste, {{QStringLiteral("Realizado"), QStringLiteral("R")},
+                            {QStringLiteral("Não Realizado"), QStringLiteral("NR")},
+                            {QStringLiteral("Não Disponível"), QStringLiteral("ND")}});
+    ui::fixedList(m_ipropr, {{QStringLiteral("Proprietário"), QStringLiteral("P")},
+                             {QStringLiteral("Distribuidora"), QStringLiteral("D")},
+                             {QStringLiteral("Outros"), QStringLiteral("O")}});
 
     auto* laudoLayout = new QHBoxLayout(laudo);
     laudoLayout->addWidget(m_teste);
@@ -86,13 +86,13 @@ PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family,
     laudoLayout->addWidget(m_atesteestnq);
     laudoLayout->addStretch(1);
     auto* pump = new QGridLayout(m_fraBomba);
-    addField(pump, 0, 0, family.numberLabel, m_picNBOMBA, m_fraBomba);
-    addField(pump, 0, 2, family.identLabel, m_nident, m_fraBomba);
-    addField(pump, 0, 4, QStringLiteral("Data de Instalação"), m_ainstl, m_fraBomba);
-    addField(pump, 1, 0, QStringLiteral("Válvula de Retenção"), m_nvalvlretnc, m_fraBomba);
-    addField(pump, 1, 2, QStringLiteral("Tipo do Filtro"), m_nfiltro, m_fraBomba);
+    ui::addField(pump, 0, 0, family.numberLabel, m_picNBOMBA, m_fraBomba);
+    ui::addField(pump, 0, 2, family.identLabel, m_nident, m_fraBomba);
+    ui::addField(pump, 0, 4, QStringLiteral("Data de Instalação"), m_ainstl, m_fraBomba);
+    ui::addField(pump, 1, 0, QStringLiteral("Válvula de Retenção"), m_nvalvlretnc, m_fraBomba);
+    ui::addField(pump, 1, 2, QStringLiteral("Tipo do Filtro"), m_nfiltro, m_fraBomba);
     pump->addWidget(laudo, 2, 0, 1, 6);
-    addField(pump, 3, 0, QStringLiteral("Proprietário"), m_ipropr, m_fraBomba);
+    ui::addField(pump, 3, 0, QStringLiteral("Proprietário"), m_ipropr, m_fraBomba);
     pump->setColumnStretch(6, 1);
     // The identification comes first in the block's tab order, the number after it.
     setTabOrder(m_nident, m_nbomba);
@@ -106,23 +106,23 @@ PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family,
     // The link to a compartment.
     m_fraBombaCompar = new QGroupBox(family.pump + QStringLiteral("/Compartimento"), this);
     m_fraBombaCompar->setObjectName(QStringLiteral("fraBombaCompar"));
-    m_ntanqu = comboBox(QStringLiteral("cmbNTANQU"), m_fraBombaCompar);
-    m_picNTANQU = keyBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraBombaCompar);
-    m_ncompr = comboBox(QStringLiteral("cmbNCOMPR"), m_fraBombaCompar);
-    m_picNCOMPR = keyBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraBombaCompar);
-    m_nmatrl = comboBox(QStringLiteral("cmbNMATRL"), m_fraBombaCompar);
+    m_ntanqu = ui::comboBox(QStringLiteral("cmbNTANQU"), m_fraBombaCompar);
+    m_picNTANQU = ui::keyBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraBombaCompar);
+    m_ncompr = ui::comboBox(QStringLiteral("cmbNCOMPR"), m_fraBombaCompar);
+    m_picNCOMPR = ui::keyBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraBombaCompar);
+    m_nmatrl = ui::comboBox(QStringLiteral("cmbNMATRL"), m_fraBombaCompar);
     m_ntanqu->setMinimumWidth(220);
     m_ncompr->setMinimumWidth(220);
     auto* link = new QGridLayout(m_fraBombaCompar);
-    addField(link, 0, 0, family.tankLabel, m_picNTANQU, m_fraBombaCompar);
-    addField(link, 0, 2, QStringLiteral("  Nº Compartimento /   Combustível"), m_picNCOMPR,
-             m_fraBombaCompar);
-    addField(link, 1, 0, QStringLiteral("Material"), m_nmatrl, m_fraBombaCompar);
+    ui::addField(link, 0, 0, family.tankLabel, m_picNTANQU, m_fraBombaCompar);
+    ui::addField(link, 0, 2, QStringLiteral("  Nº Compartimento /   Combustível"), m_picNCOMPR,
+                 m_fraBombaCompar);
+    ui::addField(link, 1, 0, QStringLiteral("Material"), m_nmatrl, m_fraBombaCompar);
     if (family.lineType) {
         auto* linha = new QGroupBox(QStringLiteral("Linha"), m_fraBombaCompar);
-        m_ilinha = comboBox(QStringLiteral("cmbILINHA"), linha);
-        fixedList(m_ilinha, {{QStringLiteral("Sucção"), QStringLiteral("S")},
-                             {QStringLiteral("Pressurizada"), QStringLiteral("P")}});
+        m_ilinha = ui::comboBox(QStringLiteral("cmbILINHA"), linha);
+        ui::fixedList(m_ilinha, {{QStringLiteral("Sucção"), QStringLiteral("S")},
+                                 {QStringLiteral("Pressurizada"), QStringLiteral("P")}});
         auto* linhaLayout = new QHBoxLayout(linha);
         linhaLayout->addWidget(new QLabel(QStringLiteral("Tipo"), linha));
         linhaLayout->addWidget(m_ilinha);
@@ -131,9 +131,9 @@ PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family,
     }
     link->setColumnStretch(4, 1);
 
-    m_fraProp = new OwnerPanel(
-        host.database(), QStringLiteral("TB_POSTOBOMBAPROPR"), QStringLiteral("NBOMBA"),
-        OwnerPanel::Texts{family.cepRequired, QStringLiteral("Preenchimento Incorreto do CEP")},
+    m_fraProp = new ui::OwnerPanel(
+        host.database(), "TB_POSTOBOMBAPROPR",
+        ui::OwnerPanel::Texts{family.cepRequired, QStringLiteral("Preenchimento Incorreto do CEP")},
         this);
 
     for (QGroupBox* frame : {m_fraBomba, m_fraBombaCompar, static_cast<QGroupBox*>(m_fraProp)})
@@ -159,31 +159,33 @@ bool PumpMaintenance::ownerShown() const {
 
 void PumpMaintenance::prepare() {
     if (onPump()) {
-        databaseList(database(), m_nvalvlretnc,
-                     QStringLiteral("Select NVALVLRETNC, DVALVLRETNC From DICNRVALVLRETNC"
-                                    " Order By NVALVLRETNC"));
-        databaseList(database(), m_nfiltro,
-                     QStringLiteral("Select NFILTRO, DFILTRO From DICNRFILTRO Order By NFILTRO"));
+        ui::databaseList(database(), m_nvalvlretnc,
+                         QStringLiteral("Select NVALVLRETNC, DVALVLRETNC From DICNRVALVLRETNC"
+                                        " Order By NVALVLRETNC"));
+        ui::databaseList(
+            database(), m_nfiltro,
+            QStringLiteral("Select NFILTRO, DFILTRO From DICNRFILTRO Order By NFILTRO"));
         return;
     }
-    databaseList(database(), m_ntanqu,
-                 QStringLiteral("Select NTANQU,NTANQU || ' - ' || NIDENT As NTANQUeNIDENT"
-                                " From TB_POSTOTANQU Where NMUNCP = ? And NSEQNC = ?"
-                                " And ITANQU = ? Order By NTANQU"),
-                 {session().nmuncp, session().nseqnc, m_family.itanqu});
+    ui::databaseList(database(), m_ntanqu,
+                     QStringLiteral("Select NTANQU,NTANQU || ' - ' || NIDENT As NTANQUeNIDENT"
+                                    " From TB_POSTOTANQU Where NMUNCP = ? And NSEQNC = ?"
+                                    " And ITANQU = ? Order By NTANQU"),
+                     {session().nmuncp, session().nseqnc, m_family.itanqu});
     // The pipes' materials, as 'T' marks the tanks'.
-    databaseList(database(), m_nmatrl,
-                 QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
-                                " Where IMATRLTANQULINHA = 'L' Order By NMATRL"));
+    ui::databaseList(database(), m_nmatrl,
+                     QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
+                                    " Where IMATRLTANQULINHA = 'L' Order By NMATRL"));
 }
 
 void PumpMaintenance::loadCompartments() {
-    databaseList(database(), m_ncompr,
-                 QStringLiteral("Select NCOMPR,NCOMPR || ' - ' || d.DCOMBS as NCOMPRDCOMBS"
-                                " From TB_POSTOTANQUCOMPR c, DICNRCOMBS d Where NMUNCP = ?"
-                                " And NSEQNC = ? And ITANQU = ? And NTANQU = ?"
-                                " And c.NCOMBS = d.NCOMBS Order By NCOMPR"),
-                 {session().nmuncp, session().nseqnc, m_family.itanqu, chosenCode(m_ntanqu)});
+    ui::databaseList(
+        database(), m_ncompr,
+        QStringLiteral("Select NCOMPR,NCOMPR || ' - ' || d.DCOMBS as NCOMPRDCOMBS"
+                       " From TB_POSTOTANQUCOMPR c, DICNRCOMBS d Where NMUNCP = ?"
+                       " And NSEQNC = ? And ITANQU = ? And NTANQU = ?"
+                       " And c.NCOMBS = d.NCOMBS Order By NCOMPR"),
+        {session().nmuncp, session().nseqnc, m_family.itanqu, ui::chosenCode(m_ntanqu)});
 }
 
 void PumpMaintenance::copyFromList(const ui::ListSelection& rows) {
@@ -196,36 +198,36 @@ void PumpMaintenance::copyFromList(const ui::ListSelection& rows) {
     m_nbomba->setText(pump.value(0));
     m_nident->setText(pump.value(1));
     m_ainstl->setText(pump.value(2));
-    chooseText(m_nvalvlretnc, pump.value(3));
-    chooseText(m_nfiltro, pump.value(4));
+    ui::chooseText(m_nvalvlretnc, pump.value(3));
+    ui::chooseText(m_nfiltro, pump.value(4));
     if (!pump.value(5).isEmpty()) {
         m_atesteestnq->setText(pump.value(5));
-        chooseCode(m_teste, QStringLiteral("R"));
+        ui::chooseCode(m_teste, QStringLiteral("R"));
     } else {
         const QVariant code = database().scalar(
             QStringLiteral("Select ITESTEESTNQ From TB_POSTOBOMBA Where nMuncp = ? And NSEQNC = ?"
                            " And ITANQU = ? and NBOMBA=?"),
             {session().nmuncp, session().nseqnc, m_family.itanqu, pump.value(0).toInt()});
-        chooseCode(m_teste, code.toString() == QLatin1String("NR") ? QStringLiteral("NR")
-                                                                   : QStringLiteral("ND"));
+        ui::chooseCode(m_teste, code.toString() == QLatin1String("NR") ? QStringLiteral("NR")
+                                                                       : QStringLiteral("ND"));
         if (op == m_family.alterPump())
             m_atesteestnq->setEnabled(false);
     }
-    chooseText(m_ipropr, pump.value(6));
-    if (chosenCode(m_ipropr).toString() == QLatin1String("O")) {
-        m_fraProp->load(database(), session(), m_family.itanqu, pump.value(0).toInt());
+    ui::chooseText(m_ipropr, pump.value(6));
+    if (ui::chosenCode(m_ipropr).toString() == QLatin1String("O")) {
+        m_fraProp->load(database(), ownerKey(pump.value(0).toInt()));
         m_fraProp->show();
         m_fraProp->setEnabled(false);
     }
     if (op == m_family.alterLink()) {
         const QStringList& link = rows.detail;
-        chooseCode(m_ntanqu, leadingNumber(link.value(0)));
+        ui::chooseCode(m_ntanqu, leadingNumber(link.value(0)));
         loadCompartments();
         m_oldCompartment = leadingNumber(link.value(1));
-        chooseCode(m_ncompr, m_oldCompartment);
-        chooseText(m_nmatrl, link.value(2));
+        ui::chooseCode(m_ncompr, m_oldCompartment);
+        ui::chooseText(m_nmatrl, link.value(2));
         if (m_ilinha)
-            chooseText(m_ilinha, link.value(3));
+            ui::chooseText(m_ilinha, link.value(3));
     }
 }
 
@@ -239,7 +241,7 @@ QWidget* PumpMaintenance::arrangePanels() {
             m_picNBOMBA->setEnabled(true);
             return m_nbomba;
         }
-        m_fraProp->setVisible(chosenCode(m_ipropr).toString() == QLatin1String("O"));
+        m_fraProp->setVisible(ui::chosenCode(m_ipropr).toString() == QLatin1String("O"));
         m_fraProp->setEnabled(true);
         m_picNBOMBA->setEnabled(false);
         return m_nident;
@@ -323,7 +325,7 @@ ui::Check PumpMaintenance::consistirBomba() {
         return Refusal{m_nbomba, m_family.numberTaken};
     if (m_nident->text().isEmpty())
         return Refusal{m_nident, QStringLiteral("Preenchimento Obrigatório da Identificação.")};
-    if (clipText(m_ainstl).isEmpty())
+    if (ui::clipText(m_ainstl).isEmpty())
         return Refusal{m_ainstl, QStringLiteral("Preenchimento Obrigatório da Data da Instalação")};
     if (m_nvalvlretnc->currentText().isEmpty())
         return Refusal{m_nvalvlretnc,
@@ -333,7 +335,7 @@ ui::Check PumpMaintenance::consistirBomba() {
     if (m_teste->currentText().isEmpty())
         return Refusal{m_teste, QStringLiteral("Preenchimento Obrigatório da condição do Último "
                                                "Laudo de Integridade")};
-    if (m_atesteestnq->isEnabled() && clipText(m_atesteestnq).isEmpty())
+    if (m_atesteestnq->isEnabled() && ui::clipText(m_atesteestnq).isEmpty())
         return Refusal{m_atesteestnq, QStringLiteral("Preenchimento Obrigatório da Data do Último "
                                                      "Laudo de Integridade")};
     if (m_ipropr->currentText().isEmpty())
@@ -351,7 +353,7 @@ ui::Check PumpMaintenance::consistirLigacao() {
                        QStringLiteral("Preenchimento Obrigatório do Número do Compartimento")};
     if (operation().name == m_family.insertLink() &&
         linkExists(database(), session(), m_family.itanqu, m_nbomba->text().toInt(),
-                   chosenCode(m_ntanqu), chosenCode(m_ncompr)))
+                   ui::chosenCode(m_ntanqu), ui::chosenCode(m_ncompr)))
         return Refusal{m_ncompr, QStringLiteral("Número do Compartimento já cadastrado")};
     if (m_nmatrl->currentText().isEmpty())
         return Refusal{m_nmatrl, QStringLiteral("Preenchimento Obrigatório do Material")};
@@ -365,7 +367,7 @@ ui::Check PumpMaintenance::sameFuel() {
     const QVariant drawn =
         firstLinkFuel(database(), session(), m_family.itanqu, m_nbomba->text().toInt());
     const QVariant chosen = compartmentFuel(database(), session(), m_family.itanqu,
-                                            chosenCode(m_ntanqu), chosenCode(m_ncompr));
+                                            ui::chosenCode(m_ntanqu), ui::chosenCode(m_ncompr));
     if (drawn.isValid() && chosen.isValid() && drawn.toInt() != chosen.toInt())
         return ui::Refusal{m_ncompr, m_family.fuelRule};
     return {};
@@ -388,9 +390,9 @@ void PumpMaintenance::write(store::Database& db) {
         else
             alterarBomba(db);
         // The pump's own owner row, and never a tank's: a change keeps every tank's owner.
-        deletePumpOwner(db, session(), m_family.itanqu, nbomba);
+        m_fraProp->remove(db, ownerKey(nbomba));
         if (ownerShown())
-            m_fraProp->write(db, session(), m_family.itanqu, nbomba);
+            m_fraProp->write(db, ownerKey(nbomba, true));
     } else if (op == m_family.insertLink()) {
         gravarLigacao(db);
     } else {
@@ -399,20 +401,25 @@ void PumpMaintenance::write(store::Database& db) {
 }
 
 void PumpMaintenance::gravarBomba(store::Database& db) {
-    const QVariant report = dateValue(m_atesteestnq);
+    const QVariant report = ui::dateValue(m_atesteestnq);
     QString columns = QStringLiteral("NMUNCP, NSEQNC, AINFRM, ITANQU,NBOMBA,NIDENT,AINSTL,"
                                      " NVALVLRETNC,NFILTRO,");
-    QVariantList values = {
-        session().nmuncp,    session().nseqnc,          session().ainfrm.toString(Qt::ISODate),
-        m_family.itanqu,     m_nbomba->text().toInt(),  m_nident->text(),
-        dateValue(m_ainstl), chosenCode(m_nvalvlretnc), chosenCode(m_nfiltro)};
+    QVariantList values = {session().nmuncp,
+                           session().nseqnc,
+                           session().ainfrm.toString(Qt::ISODate),
+                           m_family.itanqu,
+                           m_nbomba->text().toInt(),
+                           m_nident->text(),
+                           ui::dateValue(m_ainstl),
+                           ui::chosenCode(m_nvalvlretnc),
+                           ui::chosenCode(m_nfiltro)};
     if (report.isValid()) {
         columns += QStringLiteral("ATESTEESTNQ,");
         values << report;
     }
     // The pump's corrosion protection is offered by no screen: none, until told otherwise.
     columns += QStringLiteral("SSISTMPROTC, IPROTC, DPROTC, IPROPR, ITESTEESTNQ");
-    values << 0 << QVariant() << QVariant() << chosenCode(m_ipropr) << chosenCode(m_teste);
+    values << 0 << QVariant() << QVariant() << ui::chosenCode(m_ipropr) << ui::chosenCode(m_teste);
     db.run(QStringLiteral("Insert Into TB_POSTOBOMBA (") + columns + QStringLiteral(")Values(") +
                placeholders(values.size()) + QLatin1Char(')'),
            values);
@@ -429,20 +436,20 @@ void PumpMaintenance::alterarBomba(store::Database& db) {
                           " NVALVLRETNC = ?, NFILTRO = ?, ITESTEESTNQ = ?, SSISTMPROTC = 0,"
                           " IPROTC = Null, DPROTC = Null, ATESTEESTNQ = ?, IPROPR = ?"
                           " Where NMUNCP = ? And NSEQNC = ? And ITANQU = ? And NBOMBA = ?"),
-           {m_family.itanqu, m_nident->text(), dateValue(m_ainstl), valve, filter,
-            chosenCode(m_teste), dateValue(m_atesteestnq), chosenCode(m_ipropr), session().nmuncp,
-            session().nseqnc, m_family.itanqu, m_nbomba->text().toInt()});
+           {m_family.itanqu, m_nident->text(), ui::dateValue(m_ainstl), valve, filter,
+            ui::chosenCode(m_teste), ui::dateValue(m_atesteestnq), ui::chosenCode(m_ipropr),
+            session().nmuncp, session().nseqnc, m_family.itanqu, m_nbomba->text().toInt()});
 }
 
 void PumpMaintenance::gravarLigacao(store::Database& db) {
     QString columns = QStringLiteral("NMUNCP, NSEQNC, AINFRM, ITANQU,NBOMBA,NTANQU,NCOMPR, NMATRL");
     QVariantList values = {
-        session().nmuncp,     session().nseqnc,         session().ainfrm.toString(Qt::ISODate),
-        m_family.itanqu,      m_nbomba->text().toInt(), chosenCode(m_ntanqu),
-        chosenCode(m_ncompr), chosenCode(m_nmatrl)};
+        session().nmuncp,         session().nseqnc,         session().ainfrm.toString(Qt::ISODate),
+        m_family.itanqu,          m_nbomba->text().toInt(), ui::chosenCode(m_ntanqu),
+        ui::chosenCode(m_ncompr), ui::chosenCode(m_nmatrl)};
     if (m_ilinha) {
         columns += QStringLiteral(",ILINHA");
-        values << chosenCode(m_ilinha);
+        values << ui::chosenCode(m_ilinha);
     }
     db.run(QStringLiteral("Insert Into TB_POSTOBOMBATANQU (") + columns +
                QStringLiteral(") Values(") + placeholders(values.size()) + QLatin1Char(')'),
@@ -458,15 +465,22 @@ void PumpMaintenance::alterarLigacao(store::Database& db) {
     QVariantList values = {nmatrl};
     if (m_ilinha) {
         set += QStringLiteral(", ILINHA = ?");
-        values << chosenCode(m_ilinha);
+        values << ui::chosenCode(m_ilinha);
     }
     set += QStringLiteral(", NCOMPR = ?");
-    values << chosenCode(m_ncompr) << session().nmuncp << session().nseqnc << m_family.itanqu
-           << m_nbomba->text().toInt() << chosenCode(m_ntanqu) << m_oldCompartment;
+    values << ui::chosenCode(m_ncompr) << session().nmuncp << session().nseqnc << m_family.itanqu
+           << m_nbomba->text().toInt() << ui::chosenCode(m_ntanqu) << m_oldCompartment;
     db.run(QStringLiteral("Update TB_POSTOBOMBATANQU Set ") + set +
                QStringLiteral(" Where NMUNCP = ? And Nseqnc = ? And ITANQU = ? And NBOMBA = ?"
                               " And NTANQU = ? And NCOMPR = ?"),
            values);
+}
+
+store::Row PumpMaintenance::ownerKey(const QVariant& nbomba, bool withDate) const {
+    store::Row key = withDate ? session().newRow() : session().keyRow();
+    key.insert(QStringLiteral("ITANQU"), m_family.itanqu);
+    key.insert(QStringLiteral("NBOMBA"), nbomba);
+    return key;
 }
 
 QString PumpMaintenance::newKey() const {

@@ -1,15 +1,19 @@
 #pragma once
 
-#include "fuel/FormParts.h"
+#include "store/RowWriter.h"
+#include "ui/FormParts.h"
 #include "ui/MaintenanceScreen.h"
 
 class QComboBox;
 class QGroupBox;
 class QLineEdit;
 
+namespace ui {
+class OwnerPanel;
+}
+
 namespace fuel {
 
-class OwnerPanel;
 struct PumpFamily;
 
 // frmBombaM, frmBombaAereoM: one pump, with its owner, or one of its links to a compartment.
@@ -33,6 +37,8 @@ protected:
     bool chainMayClose(const ui::ListSelection& rows) const override;
 
 private:
+    // The key of the pump's owner row; with the information date for an insert.
+    store::Row ownerKey(const QVariant& nbomba, bool withDate = false) const;
     bool onPump() const;
     bool ownerShown() const;
     ui::Check consistirBomba();
@@ -58,7 +64,7 @@ private:
     QComboBox* m_teste = nullptr;
     QLineEdit* m_atesteestnq = nullptr;
     QComboBox* m_ipropr = nullptr;
-    IntegrityReport m_report;
+    ui::IntegrityReport m_report;
 
     QGroupBox* m_fraBombaCompar = nullptr;
     QWidget* m_picNTANQU = nullptr;
@@ -68,7 +74,7 @@ private:
     QComboBox* m_nmatrl = nullptr;
     QComboBox* m_ilinha = nullptr; // null for the aboveground links, which have no line type
 
-    OwnerPanel* m_fraProp = nullptr;
+    ui::OwnerPanel* m_fraProp = nullptr;
     // The mark: the pump already has a link, so a new one must hold the same fuel, and a new
     // pump's chain of links may be closed.
     bool m_hasLinks = false;

@@ -16,8 +16,8 @@ namespace store {
 class Database;
 }
 
-// The building blocks of the fuel maintenance screens' forms.
-namespace fuel {
+// The building blocks of the screens' forms.
+namespace ui {
 
 QLineEdit* lineEdit(const QString& name, QWidget* parent);
 QComboBox* comboBox(const QString& name, QWidget* parent);
@@ -46,9 +46,9 @@ struct IntegrityReport {
     QWidget* next = nullptr;        // where the focus goes when the report has no date
 
     // The checks of leaving one of the three fields; the first refusal or nothing.
-    ui::Check leaveCheck(QWidget* field) const;
+    Check leaveCheck(QWidget* field) const;
     // A report made opens its date; any other condition empties the date and closes it.
     void conditionChosen() const;
 };
 
-} // namespace fuel
+} // namespace ui
