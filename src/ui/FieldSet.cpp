@@ -65,9 +65,40 @@ QHash<QString, QString> codeLabels(std::string_view list) {
     return labels;
 }
 
+namespace {
+
+QList<const FieldSet*>& declared() {
+    static QList<const FieldSet*> sets;
+    return sets;
+}
+
+} // namespace
+
 FieldSet::FieldSet(std::string_view table, QWidget* owner)
     : m_table(table)
-    , m_owner(owner) {}
+    , m_owner(owner) {
+    declared().append(this);
+}
+
+FieldSet::~FieldSet() {
+    declared().removeOne(this);
+}
+
+QList<const FieldSet*> FieldSet::of(const QWidget* screen) {
+    QList<const FieldSet*> sets;
+    for (const FieldSet* set : std::as_const(declared())) {
+        if (set->m_owner == screen)
+            sets << set;
+    }
+    return sets;
+}
+
+QList<const Field*> FieldSet::fields() const {
+    QList<const Field*> all;
+    for (const Entry& e : m_entries)
+        all << &e.field;
+    return all;
+}
 
 int FieldSet::lengthOf(const Field& field) const {
     if (field.length > 0 || field.column.empty())

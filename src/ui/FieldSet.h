@@ -64,6 +64,14 @@ class FieldSet {
 public:
     // `owner` is the screen: its widgets are found under it, and it is the parent of the labels.
     FieldSet(std::string_view table, QWidget* owner);
+    ~FieldSet();
+    FieldSet(const FieldSet&) = delete;
+    FieldSet& operator=(const FieldSet&) = delete;
+
+    // The field sets that a screen declared, in the order of their creation: what the checks
+    // that read the declarations (the tests' conformance, the pending items) walk.
+    static QList<const FieldSet*> of(const QWidget* screen);
+    QWidget* owner() const { return m_owner; }
 
     // Declares a field. An existing widget of that objectName under the screen is taken (a
     // screen may build a field its own way), otherwise one is built under `parent`.
@@ -102,6 +110,9 @@ public:
     // The text that tells whether anything was changed: the fields shown, in order.
     QString snapshot() const;
     QList<QWidget*> shownWidgets() const;
+
+    // The declared fields, in order.
+    QList<const Field*> fields() const;
 
     // The required-field refusals and the fields' own checks, in declaration order.
     Check validate() const;
