@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QStyle>
 #include <QTime>
 #include <stdexcept>
 
@@ -39,6 +40,18 @@ bool isCombo(FieldKind kind) {
 
 bool isLineEdit(FieldKind kind) {
     return !isCombo(kind) && kind != FieldKind::Check && kind != FieldKind::Choice;
+}
+
+// A stored text longer than the field types is shown whole, never cut: the limit and the
+// field's width grow to hold it, so that the next save writes back what was stored.
+void showWhole(QLineEdit* edit, const QString& text) {
+    if (edit->maxLength() < text.size())
+        edit->setMaxLength(int(text.size()));
+    const int wanted = edit->fontMetrics().horizontalAdvance(text + QLatin1Char('0')) +
+                       2 * edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + 4;
+    if (edit->maximumWidth() < wanted)
+        edit->setMaximumWidth(wanted);
+    edit->setText(text);
 }
 
 } // namespace
@@ -229,26 +242,17 @@ void FieldSet::setValue(const QString& name, const QVariant& stored) const {
     const Entry& e = entry(name);
     auto* edit = qobject_cast<QLineEdit*>(e.widget);
     switch (e.field.kind) {
-    case FieldKind::Text: {
-        const QString text = stored.toString();
-        // A stored text longer than the field types is shown whole, never cut.
-        if (edit->maxLength() < text.size())
-            edit->setMaxLength(int(text.size()));
-        edit->setText(text);
+    case FieldKind::Text:
+        showWhole(edit, stored.toString());
         break;
-    }
-    case FieldKind::Number: {
-        const QString text = stored.isNull() ? QString() : QString::number(stored.toLongLong());
-        if (edit->maxLength() < text.size())
-            edit->setMaxLength(int(text.size()));
-        edit->setText(text);
+    case FieldKind::Number:
+        showWhole(edit, stored.isNull() ? QString() : QString::number(stored.toLongLong()));
         break;
-    }
     case FieldKind::Decimal:
         // Shown with the decimal comma in which it is typed.
-        edit->setText(stored.isNull()
-                          ? QString()
-                          : stored.toString().replace(QLatin1Char('.'), QLatin1Char(',')));
+        showWhole(edit, stored.isNull()
+                            ? QString()
+                            : stored.toString().replace(QLatin1Char('.'), QLatin1Char(',')));
         break;
     case FieldKind::Date:
         setDate(edit, store::readDate(stored));

@@ -122,6 +122,19 @@ private slots:
         m_tank->load({{"NIDENT", longText}});
         QCOMPARE(m_tank->edit("txtNIDENT")->text(), longText);
         QCOMPARE(m_tank->value("txtNIDENT").toString(), longText);
+
+        // A decimal of more places than its field types, and a field narrower than the text.
+        QWidget screen;
+        ui::FieldSet post("TB_POSTO", &screen);
+        QLineEdit* area = qobject_cast<QLineEdit*>(post.add({.name = "txtQAREACONST",
+                                                             .label = "Construída : ",
+                                                             .kind = FieldKind::Decimal,
+                                                             .column = "QAREACONST"}));
+        area->setMaximumWidth(20);
+        post.load({{"QAREACONST", 123456.75}});
+        QCOMPARE(area->text(), QStringLiteral("123456,75"));
+        QCOMPARE(post.value("txtQAREACONST").toDouble(), 123456.75);
+        QVERIFY(area->maximumWidth() > area->fontMetrics().horizontalAdvance(area->text()));
     }
 
     void refusesTheFirstEmptyFieldInDeclarationOrder() {
