@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "establishment/EstablishmentScreens.h"
 #include "fuel/FuelScreens.h"
 #include "shell/QuestionnaireFrame.h"
 
@@ -7,6 +8,7 @@ namespace app {
 
 void registerScreens() {
     shell::registerScreens();
+    establishment::registerScreens();
     fuel::registerScreens();
 }
 
