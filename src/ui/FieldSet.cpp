@@ -111,10 +111,14 @@ QWidget* FieldSet::add(Field field, QWidget* parent) {
         case FieldKind::Time:
             attachMask(edit, Mask::Time);
             break;
+        case FieldKind::Telephone:
+            attachMask(edit, Mask::Telephone);
+            break;
         default:
             break;
         }
-        if (length > 0 && field.kind != FieldKind::Date && field.kind != FieldKind::Time)
+        if (length > 0 && field.kind != FieldKind::Date && field.kind != FieldKind::Time &&
+            field.kind != FieldKind::Telephone)
             edit->setMaxLength(length);
     } else if (isCombo(field.kind)) {
         auto* combo = qobject_cast<QComboBox*>(e.widget);
@@ -265,6 +269,10 @@ void FieldSet::setValue(const QString& name, const QVariant& stored) const {
             clearMasked(edit);
         break;
     }
+    case FieldKind::Telephone:
+        // Padded on the right, as the number is shown through "@@@@-@@@@".
+        setClipText(edit, stored.isNull() ? QString() : QString::number(stored.toLongLong()));
+        break;
     case FieldKind::Codes:
     case FieldKind::Dictionary: {
         auto* combo = qobject_cast<QComboBox*>(e.widget);
@@ -310,6 +318,8 @@ QVariant FieldSet::value(const QString& name) const {
     case FieldKind::Time:
         return clipText(edit).isEmpty() ? QVariant()
                                         : QVariant(edit->text() + QStringLiteral(":00"));
+    case FieldKind::Telephone:
+        return clipText(edit).isEmpty() ? QVariant() : QVariant(clipText(edit).toLongLong());
     case FieldKind::Codes:
     case FieldKind::Dictionary:
         return chosenCode(qobject_cast<const QComboBox*>(e.widget));
@@ -347,6 +357,7 @@ bool FieldSet::isEmpty(const QString& name) const {
     switch (e.field.kind) {
     case FieldKind::Date:
     case FieldKind::Time:
+    case FieldKind::Telephone:
         return clipText(qobject_cast<const QLineEdit*>(e.widget)).isEmpty();
     case FieldKind::Codes:
     case FieldKind::Dictionary:

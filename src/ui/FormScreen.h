@@ -60,8 +60,12 @@ protected:
     bool outsideFields(const QWidget* widget) const override;
     QList<QWidget*> snapshotFields() const override;
 
-private:
+    // The reading state: the frames closed, cmdIncluir or cmdAlterar as stored() says. A form
+    // whose stored row changes without cmdOk (a delete of its own, another record chosen)
+    // shows it again through this.
     void showReading();
+
+private:
     void startEdit(const QString& operation);
 
     ScreenHost& m_host;

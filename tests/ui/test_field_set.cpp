@@ -137,6 +137,27 @@ private slots:
         QVERIFY(area->maximumWidth() > area->fontMetrics().horizontalAdvance(area->text()));
     }
 
+    void aTelephoneIsTypedThroughItsMaskAndStoredAsANumber() {
+        QWidget screen;
+        ui::FieldSet contact("TB_POSTOCONTT", &screen);
+        contact.add({.name = "txtNTELFNROTNR",
+                     .label = "Tel.:",
+                     .kind = FieldKind::Telephone,
+                     .column = "NTELFNROTNR",
+                     .required = "sem telefone"});
+        QLineEdit* phone = contact.edit("txtNTELFNROTNR");
+        QVERIFY(contact.isEmpty("txtNTELFNROTNR"));
+        QVERIFY(contact.value("txtNTELFNROTNR").isNull());
+        QCOMPARE(contact.validate()->message, QStringLiteral("sem telefone"));
+        contact.load({{"NTELFNROTNR", 32345679}});
+        QCOMPARE(phone->text(), QStringLiteral("3234-5679"));
+        QCOMPARE(contact.value("txtNTELFNROTNR").toLongLong(), 32345679);
+        contact.load({{"NTELFNROTNR", 3234567}}); // seven digits, padded on the right
+        QCOMPARE(ui::clipText(phone), QStringLiteral("3234567"));
+        QCOMPARE(contact.value("txtNTELFNROTNR").toLongLong(), 3234567);
+        QVERIFY(!contact.validate());
+    }
+
     void refusesTheFirstEmptyFieldInDeclarationOrder() {
         m_screen->show();
         ui::Check refused = m_tank->validate();
