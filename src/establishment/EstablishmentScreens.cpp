@@ -1,6 +1,7 @@
 #include "establishment/EstablishmentScreens.h"
 
 #include "establishment/CharacteristicsForm.h"
+#include "establishment/ResponsiblesForm.h"
 
 namespace establishment {
 
@@ -9,6 +10,10 @@ void registerScreens() {
     registry.add(QStringLiteral("frmPosto"),
                  [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
                      return new CharacteristicsForm(host, place);
+                 });
+    registry.add(QStringLiteral("frmPostoRespnContt"),
+                 [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
+                     return new ResponsiblesForm(host, place);
                  });
 }
 

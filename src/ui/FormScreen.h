@@ -43,6 +43,10 @@ protected:
     QVBoxLayout* body() const { return m_body; }
     // The frame of the operation buttons, for a form that has a button of its own there.
     QHBoxLayout* operationButtons() const { return m_operationButtons; }
+    // cmdExcluir, for a form that deletes its stored row: on whenever cmdAlterar is, and it runs
+    // remove().
+    QPushButton* addExcluir();
+    virtual void remove() {}
 
     // Carregar: shows what is stored. Run on entering and after cmdCancelar.
     virtual void load() = 0;
@@ -77,6 +81,7 @@ private:
     QPushButton* m_alterar = nullptr;
     QPushButton* m_ok = nullptr;
     QPushButton* m_cancelar = nullptr;
+    QPushButton* m_excluir = nullptr;
     QPushButton* m_voltar = nullptr;
     QPushButton* m_continuar = nullptr;
     QString m_operation;
