@@ -1,6 +1,7 @@
 #include "establishment/EstablishmentScreens.h"
 
 #include "establishment/CharacteristicsForm.h"
+#include "establishment/DistributorList.h"
 #include "establishment/ResponsiblesForm.h"
 
 namespace establishment {
@@ -11,6 +12,9 @@ void registerScreens() {
                  [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
                      return new CharacteristicsForm(host, place);
                  });
+    registry.add(
+        QStringLiteral("frmPostoDistrConsl"),
+        [](ui::ScreenHost& host, const ui::Sequence::Place&) { return new DistributorList(host); });
     registry.add(QStringLiteral("frmPostoRespnContt"),
                  [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
                      return new ResponsiblesForm(host, place);
