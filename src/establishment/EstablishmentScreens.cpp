@@ -2,6 +2,7 @@
 
 #include "establishment/CharacteristicsForm.h"
 #include "establishment/DistributorList.h"
+#include "establishment/LandUseForm.h"
 #include "establishment/ResponsiblesForm.h"
 
 namespace establishment {
@@ -15,6 +16,10 @@ void registerScreens() {
     registry.add(
         QStringLiteral("frmPostoDistrConsl"),
         [](ui::ScreenHost& host, const ui::Sequence::Place&) { return new DistributorList(host); });
+    registry.add(QStringLiteral("frmPostoUSOOCUPCSOLO"),
+                 [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
+                     return new LandUseForm(host, place);
+                 });
     registry.add(QStringLiteral("frmPostoRespnContt"),
                  [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
                      return new ResponsiblesForm(host, place);

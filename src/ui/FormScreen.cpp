@@ -63,8 +63,8 @@ FormScreen::FormScreen(ScreenHost& host, Sequence::Place place, QWidget* parent)
 }
 
 QPushButton* FormScreen::addExcluir() {
-    m_excluir = button(QStringLiteral("cmdExcluir"), QStringLiteral("&Excluir"),
-                       m_alterar->parentWidget());
+    m_excluir =
+        button(QStringLiteral("cmdExcluir"), QStringLiteral("&Excluir"), m_alterar->parentWidget());
     m_operationButtons->insertWidget(m_operationButtons->indexOf(m_alterar) + 1, m_excluir);
     connect(m_excluir, &QPushButton::clicked, this, &FormScreen::remove);
     return m_excluir;
@@ -138,7 +138,7 @@ void FormScreen::startEdit(const QString& operation) {
 void FormScreen::ok() {
     if (!save())
         return;
-    dialogs().message(kTitle, savedMessage(), Icon::Information);
+    dialogs().message(kTitle, savedMessage(), savedIcon());
     showReading();
     m_continuar->setEnabled(true);
     m_continuar->setFocus(Qt::OtherFocusReason);

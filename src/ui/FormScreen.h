@@ -56,8 +56,9 @@ protected:
     virtual void setEditable(bool editable) = 0;
     // The start of an edit (after the frames were enabled); returns the field of the first focus.
     virtual QWidget* beginEdit() = 0;
-    // The message of a save that went through.
+    // The message of a save that went through, and its icon.
     virtual QString savedMessage() const;
+    virtual Icon savedIcon() const { return Icon::Information; }
 
     void changeShown(bool changed) override;
     bool tracksChanges() const override { return false; }

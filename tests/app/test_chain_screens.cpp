@@ -30,13 +30,13 @@ private slots:
         }
         // Every screen added to the program leaves this list.
         const QStringList expected = {
-            "frmPostoUSOOCUPCSOLO",    "frmPostoContrEstq",       "frmPostoHistrVazmnSubtr",
-            "frmPostoProtcCatdcSubtr", "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo",
-            "frmPostoProtcCatdcAereo", "frmPostoMontrAmbntAereo", "frmBaciaContn",
-            "frmPostoGasBatri",        "frmPostoGasCompr",        "frmPostoGasBomba",
-            "frmPostoMovmn",           "frmPostoAreaServc",       "frmPostoConsmAgua",
-            "frmPostoEflntLiqdo",      "frmPostoResdu",           "frmPostoPrevnEmissAr",
-            "frmPostoRuido",           "frmPostoPrevnAcidn",      "frmPostoEntrg",
+            "frmPostoContrEstq",       "frmPostoHistrVazmnSubtr", "frmPostoProtcCatdcSubtr",
+            "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo", "frmPostoProtcCatdcAereo",
+            "frmPostoMontrAmbntAereo", "frmBaciaContn",           "frmPostoGasBatri",
+            "frmPostoGasCompr",        "frmPostoGasBomba",        "frmPostoMovmn",
+            "frmPostoAreaServc",       "frmPostoConsmAgua",       "frmPostoEflntLiqdo",
+            "frmPostoResdu",           "frmPostoPrevnEmissAr",    "frmPostoRuido",
+            "frmPostoPrevnAcidn",      "frmPostoEntrg",
         };
         QCOMPARE(missing, expected);
     }
