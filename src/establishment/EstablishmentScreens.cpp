@@ -4,6 +4,7 @@
 #include "establishment/DistributorList.h"
 #include "establishment/LandUseForm.h"
 #include "establishment/ResponsiblesForm.h"
+#include "establishment/ServiceAreasForm.h"
 
 namespace establishment {
 
@@ -19,6 +20,10 @@ void registerScreens() {
     registry.add(QStringLiteral("frmPostoUSOOCUPCSOLO"),
                  [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
                      return new LandUseForm(host, place);
+                 });
+    registry.add(QStringLiteral("frmPostoAreaServc"),
+                 [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
+                     return new ServiceAreasForm(host, place);
                  });
     registry.add(QStringLiteral("frmPostoRespnContt"),
                  [](ui::ScreenHost& host, const ui::Sequence::Place& place) {

@@ -31,7 +31,7 @@ protected:
 private:
     bool anyTicked() const;
 
-    QWidget* m_frame = nullptr; // fraOcupacao, the boxes
+    QWidget* m_frame = nullptr;                    // fraOcupacao, the boxes
     std::array<QCheckBox*, kItems + 1> m_checks{}; // Check(1) to Check(47)
 };
 

@@ -43,6 +43,8 @@ const std::map<std::string_view, CodeList>& lists() {
         {"ILOCLZATIVD",
          {text("U", "Zona Urbana"), text("R", "Zona Rural"), text("E", "Zona Fluvial /Lacustre"),
           text("C", "Zona Marítima")}},
+        // Yes and no as the database's true and false.
+        {"SIMNAO.LOGICO", {number(-1, "Sim"), number(0, "Não")}},
         // Yes and no as a letter.
         {"SIMNAO", {text("S", "Sim"), text("N", "Não")}},
         // How often a protection is maintained.

@@ -151,11 +151,15 @@ void FormScreen::cancel() {
 }
 
 void FormScreen::goBack() {
+    if (!mayLeave())
+        return;
     BusyCursor busy;
     showPrevious(m_host, m_place);
 }
 
 void FormScreen::goOn() {
+    if (!mayLeave())
+        return;
     BusyCursor busy;
     showNext(m_host, m_place);
 }

@@ -47,6 +47,8 @@ protected:
     // remove().
     QPushButton* addExcluir();
     virtual void remove() {}
+    // The test of cmdVoltar and cmdContinuar; a form that refuses shows why and returns false.
+    virtual bool mayLeave() { return true; }
 
     // Carregar: shows what is stored. Run on entering and after cmdCancelar.
     virtual void load() = 0;

@@ -34,9 +34,9 @@ private slots:
             "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo", "frmPostoProtcCatdcAereo",
             "frmPostoMontrAmbntAereo", "frmBaciaContn",           "frmPostoGasBatri",
             "frmPostoGasCompr",        "frmPostoGasBomba",        "frmPostoMovmn",
-            "frmPostoAreaServc",       "frmPostoConsmAgua",       "frmPostoEflntLiqdo",
-            "frmPostoResdu",           "frmPostoPrevnEmissAr",    "frmPostoRuido",
-            "frmPostoPrevnAcidn",      "frmPostoEntrg",
+            "frmPostoConsmAgua",       "frmPostoEflntLiqdo",      "frmPostoResdu",
+            "frmPostoPrevnEmissAr",    "frmPostoRuido",           "frmPostoPrevnAcidn",
+            "frmPostoEntrg",
         };
         QCOMPARE(missing, expected);
     }
