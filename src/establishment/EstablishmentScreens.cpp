@@ -1,6 +1,7 @@
 #include "establishment/EstablishmentScreens.h"
 
 #include "establishment/CharacteristicsForm.h"
+#include "establishment/DeliveryForm.h"
 #include "establishment/DistributorList.h"
 #include "establishment/LandUseForm.h"
 #include "establishment/ResponsiblesForm.h"
@@ -24,6 +25,10 @@ void registerScreens() {
     registry.add(QStringLiteral("frmPostoAreaServc"),
                  [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
                      return new ServiceAreasForm(host, place);
+                 });
+    registry.add(QStringLiteral("frmPostoEntrg"),
+                 [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
+                     return new DeliveryForm(host, place);
                  });
     registry.add(QStringLiteral("frmPostoRespnContt"),
                  [](ui::ScreenHost& host, const ui::Sequence::Place& place) {

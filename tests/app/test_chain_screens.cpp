@@ -36,7 +36,7 @@ private slots:
             "frmPostoGasCompr",        "frmPostoGasBomba",        "frmPostoMovmn",
             "frmPostoConsmAgua",       "frmPostoEflntLiqdo",      "frmPostoResdu",
             "frmPostoPrevnEmissAr",    "frmPostoRuido",           "frmPostoPrevnAcidn",
-            "frmPostoEntrg",
+
         };
         QCOMPARE(missing, expected);
     }
