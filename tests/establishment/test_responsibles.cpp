@@ -1,11 +1,14 @@
 // frmPostoRespnContt: the responsible person and the contact persons of a register.
 #include "establishment/EstablishmentScreens.h"
+#include "exchange/Exporter.h"
+#include "exchange/Importer.h"
 #include "store/Database.h"
 #include "support/ScreenDriver.h"
 #include "support/Seeds.h"
 #include "ui/FieldBehaviour.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -92,6 +95,36 @@ private slots:
         QCOMPARE(okMessage(), QStringLiteral("Responsável Alterado com Sucesso"));
         QCOMPARE(respn("DBAIRR").toString(), QStringLiteral("CONSOLAÇÃO"));
         QCOMPARE(respn("NRG").toLongLong(), 123456789012345LL);
+    }
+
+    void aLongIdentityTravelsThroughTheExchangeFile() {
+        seedRow(db(), "EMPRS",
+                {{"NMUNCP", 100},
+                 {"NSEQNC", 1},
+                 {"DRAZAOSOCIL", "AUTO POSTO TESTE LTDA"},
+                 {"CCGC", 11222333000181LL},
+                 {"CSITU", 1}});
+        open();
+        click("cmdIncluir");
+        type("txtDRESPN", "Ana");
+        type("txtNRG", "987654321098765");
+        type("txtDRGORGAO", "SSP");
+        type("txtIUF", "SP");
+        type("txtCCPF", "11222333000181"); // a company number passes the same check
+        fillAddress();
+        QCOMPARE(okMessage(), QStringLiteral("Responsável Incluído com Sucesso"));
+
+        const QString dir = m_env->path(QStringLiteral("troca"));
+        QVERIFY(QDir().mkpath(dir));
+        exchange::Exporter(db()).run(m_host->session().key(), dir);
+        store::Database agency(m_env->newDatabasePath(QStringLiteral("AGENCIA.db")));
+        QStringList refusals;
+        exchange::Importer importer(agency);
+        importer.setRefusal([&](const QString& message) { refusals << message; });
+        QCOMPARE(importer.run(dir).imported, 1);
+        QCOMPARE(refusals, QStringList{});
+        QCOMPARE(agency.scalar("SELECT NRG FROM TB_POSTORESPN").toLongLong(), 987654321098765LL);
+        QCOMPARE(agency.scalar("SELECT CCPF FROM TB_POSTORESPN").toLongLong(), 11222333000181LL);
     }
 
     void aChangeLeavesTheOtherRegistersAlone() {
