@@ -359,6 +359,13 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void MainWindow::preencher() {
+    // The questionnaire starts again from the register list: what a screen holds unsaved goes
+    // only if the user says so.
+    if (m_frame && !m_frame->mayLeaveScreens()) {
+        m_frame->raise();
+        m_frame->activateWindow();
+        return;
+    }
     ObjectiveDialog objective(m_db, m_session, this);
     objective.exec();
     ui::BusyCursor busy;

@@ -71,6 +71,13 @@ QString snapshotText(const QWidget* field) {
     return options;
 }
 
+QHash<QString, QString> codeLabels(std::string_view list) {
+    QHash<QString, QString> labels;
+    for (const store::Code& code : store::codeList(list))
+        labels.insert(code.code.toString(), code.label);
+    return labels;
+}
+
 FieldSet::FieldSet(std::string_view table, QWidget* owner)
     : m_table(table)
     , m_owner(owner) {}
@@ -103,7 +110,7 @@ QWidget* FieldSet::add(Field field, QWidget* parent) {
             attachDigits(edit);
             break;
         case FieldKind::Decimal:
-            attachDecimal(edit, 15, field.places);
+            attachDecimal(edit, field.commaLength, field.places);
             break;
         case FieldKind::Date:
             attachMask(edit, Mask::Date);
@@ -227,7 +234,7 @@ void FieldSet::place(QGridLayout* grid, int row, int column, const QString& name
 
 void FieldSet::loadLists(store::Database& db) const {
     for (const Entry& e : m_entries) {
-        if (e.field.kind == FieldKind::Dictionary)
+        if (e.field.kind == FieldKind::Dictionary && !e.field.dictionary.isEmpty())
             databaseList(db, qobject_cast<QComboBox*>(e.widget), e.field.dictionary);
     }
 }
