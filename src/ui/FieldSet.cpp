@@ -18,7 +18,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QStyle>
 #include <QTime>
 #include <stdexcept>
 
@@ -40,18 +39,6 @@ bool isCombo(FieldKind kind) {
 
 bool isLineEdit(FieldKind kind) {
     return !isCombo(kind) && kind != FieldKind::Check && kind != FieldKind::Choice;
-}
-
-// A stored text longer than the field types is shown whole, never cut: the limit and the
-// field's width grow to hold it, so that the next save writes back what was stored.
-void showWhole(QLineEdit* edit, const QString& text) {
-    if (edit->maxLength() < text.size())
-        edit->setMaxLength(int(text.size()));
-    const int wanted = edit->fontMetrics().horizontalAdvance(text + QLatin1Char('0')) +
-                       2 * edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + 4;
-    if (edit->maximumWidth() < wanted)
-        edit->setMaximumWidth(wanted);
-    edit->setText(text);
 }
 
 } // namespace

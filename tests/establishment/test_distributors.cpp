@@ -168,6 +168,18 @@ private slots:
         QVERIFY(find<QRadioButton>("Option1_0")->isChecked());
     }
 
+    void aLongStoredTextIsSavedBackWhole() {
+        seedFirm(1, 1, "DISTRIBUIDORA", "RUA UM", "D");
+        const QString complement = QStringLiteral("BLOCO B, SALA 1204, FUNDOS"); // over 17
+        db().run("UPDATE TB_POSTODISTRFORNC SET DLOGRDCOMPM = ?", {complement});
+        openList();
+        click("cmdAlterar");
+        QCOMPARE(field("txtDLOGRDCOMPM")->text(), complement);
+        type("txtDCONTT", "Outro Contato");
+        QCOMPARE(okMessage(), QStringLiteral("Alterado com Sucesso."));
+        QCOMPARE(db().scalar("SELECT DLOGRDCOMPM FROM TB_POSTODISTRFORNC").toString(), complement);
+    }
+
     void theFirmIsRefusedInOrder() {
         openList();
         click("cmdIncluir");
