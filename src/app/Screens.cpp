@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "establishment/EstablishmentScreens.h"
 #include "fuel/FuelScreens.h"
 #include "gas/GasScreens.h"
 #include "shell/QuestionnaireFrame.h"
@@ -8,6 +9,7 @@ namespace app {
 
 void registerScreens() {
     shell::registerScreens();
+    establishment::registerScreens();
     fuel::registerScreens();
     gas::registerScreens();
 }

@@ -1,5 +1,7 @@
 #include "printing/Layout.h"
 
+#include "store/CodeLists.h"
+
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -90,11 +92,24 @@ const Labels kFrequency = {{"D", "Diária"}, {"S", "Semanal"},   {"Q", "Quinzena
                            {"M", "Mensal"}, {"B", "Bimestral"}, {"E", "Semestral"},
                            {"A", "Anual"}};
 
-Labels numbered(std::initializer_list<const char*> captions) {
+// The captions of a code list of the screens, where the memorial prints the same words.
+Labels listed(std::string_view list) {
     Labels labels;
-    int code = 1;
-    for (const char* caption : captions)
-        labels.emplace_back(QString::number(code++), QString::fromUtf8(caption));
+    for (const store::Code& code : store::codeList(list))
+        labels.emplace_back(code.code.toString(), code.label);
+    return labels;
+}
+// The zone of the activity; a row that the characteristics screen has not completed yet ("N")
+// prints no zone.
+Labels zones() {
+    Labels labels = listed("ILOCLZATIVD");
+    labels.emplace_back(QStringLiteral("N"), QString());
+    return labels;
+}
+// The commerce and services; the last one prints without the screen's prompt to specify it.
+Labels commerce() {
+    Labels labels = listed("NCOMRCSERVC");
+    labels.back().second = QStringLiteral("Outros");
     return labels;
 }
 
@@ -548,8 +563,7 @@ Layout identification() {
 }
 
 Layout distributors() {
-    std::vector<Field> fields = {
-        f("Tipo", "IDISTRFORNC", map({{"D", "Distribuidora"}, {"F", "Fornecedora"}}))};
+    std::vector<Field> fields = {f("Tipo", "IDISTRFORNC", map(listed("IDISTRFORNC")))};
     for (Field& field : companyBlock())
         fields.push_back(std::move(field));
     fields[3].label = QStringLiteral("Endereço P/ Correspondência");
@@ -572,14 +586,8 @@ Layout characteristics() {
          {},
          {},
          {
-             f("Classificação (NBR 13.786)", "ICLASSABNT",
-               map({{"0", "Classe 0"}, {"1", "Classe 1"}, {"2", "Classe 2"}, {"3", "Classe 3"}})),
-             f("Localização da Atividade", "ILOCLZATIVD",
-               map({{"U", "Zona Urbana"},
-                    {"R", "Zona Rural"},
-                    {"E", "Zona Fluvial /Lacustre"},
-                    {"C", "Zona Marítima"},
-                    {"N", ""}})),
+             f("Classificação (NBR 13.786)", "ICLASSABNT", map(listed("ICLASSABNT"))),
+             f("Localização da Atividade", "ILOCLZATIVD", map(zones())),
              f("Área Total do Terreno (m²)", "QAREATERRN", decimal()),
              f("Área Construída (m²)", "QAREACONST", decimal()),
              f("Atividade ao Ar Livre (m²)", "QAREAARLIVRE", decimal()),
@@ -600,12 +608,7 @@ Layout characteristics() {
          {},
          {"NCOMRCSERVC"},
          {
-             f("Comércio ou Serviço", "NCOMRCSERVC",
-               map(numbered({"Lavagem Simples/Completa", "Lava Rápido", "Pulverização",
-                             "Lubrificação", "Borracharia", "Auto Elétrico", "Loja de Auto Peças",
-                             "Estacionamento", "Bar/Lanchonete", "Garagem", "Loja de Conveniências",
-                             "Ducha", "Troca de Óleo", "Mecânico", "Restaurante", "Venda de GLP",
-                             "Outros"}))),
+             f("Comércio ou Serviço", "NCOMRCSERVC", map(commerce())),
              f("Especificação", "DCOMRCSERVC"),
          },
          {},
@@ -618,58 +621,7 @@ Layout characteristics() {
          {"NUSOOCUPCSOLO"},
          {
              f("Uso e Ocupação do Solo na Vizinhança", "NUSOOCUPCSOLO",
-               map(numbered({
-                   "EDIFÍCIO MULTIFAMILIAR COM ATÉ QUATRO ANDARES, SEM GARAGEM SUBTERRÂNEA (NBR "
-                   "13786)",
-                   "EDIFÍCIO MULTIFAMILIAR COM MAIS DE QUATRO ANDARES, COM GARAGEM SUBTERRÂNEA "
-                   "(NBR 13786)",
-                   "EDIFÍCIOS DE ESCRITÓRIO COMERCIAIS COM MAIS DE QUATRO ANDARES (NBR 13786)",
-                   "FAVELA EM COTA IGUAL OU INFERIOR (NBR 13786)",
-                   "ESCOLA",
-                   "CRECHE",
-                   "HOSPITAL (NBR 13786)",
-                   "TEMPLO RELIGIOSO (NBR 13786)",
-                   "CASA DE ESPETÁCULOS (NBR 13786)",
-                   "EDIFÍCIOS TOMBADOS PELO PATRIMÔNIO HISTÓRICO",
-                   "ATIVIDADE INDUSTRIAL DE RISCO (NB-16) (NBR 13786)",
-                   "GARAGEM SUBTERRÂNEA (NBR 13786)",
-                   "TÚNEL (NBR 13786)",
-                   "FERROVIA/METRÔ DE SUPERFÍCIE",
-                   "METRÔ (NBR 13786)",
-                   "RODOVIA",
-                   "GALERIA DE DRENAGEM DE ÁGUAS PLUVIAIS(NBR 13786)",
-                   "REDE DE ÁGUA PARA ABASTECIMENTO (NBR 13786)",
-                   "REDE DE ESGOTO (NBR 13786)",
-                   "FOSSA (NBR 13786)",
-                   "REDE DE GÁS (NBR 13786)",
-                   "REDE ELÉTRICA (NBR 13786)",
-                   "AEROPORTO",
-                   "ÁREA MILITAR",
-                   "CEMITÉRIO",
-                   "PARQUE, ÁREA VERDE",
-                   "PARQUE INFANTIL",
-                   "ÁREA DE DESPORTO",
-                   "ÁREA AGRÍCOLA",
-                   "ÁREA PECUÁRIA",
-                   "HORTAS",
-                   "MINERAÇÃO",
-                   "MATA NATURAL",
-                   "ÁREA DE PROTEÇÃO AMBIENTAL",
-                   "ÁREA DE PROTEÇÃO DE MANANCIAIS",
-                   "CORPOS D` ÁGUA DESTINADOS AO ABASTECIMENTO PÚBLICO (NBR 13786)",
-                   "CORPOS D` ÁGUA DESTINADOS À PROTEÇÃO DAS COMUNIDADES AQUÁTICAS (NBR 13786)",
-                   "CORPOS D` ÁGUA DESTINADOS À RECREAÇÃO DE CONTATO PRIMÁRIO (NBR 13786)",
-                   "CORPOS D` ÁGUA DESTINADOS À IRRIGAÇÃO (NBR 13786)",
-                   "CORPOS D` ÁGUA DESTINADOS À CRIAÇÃO DE ESPÉCIES PARA A ALIMENTAÇÃO HUMANA "
-                   "(NBR 13786)",
-                   "UTILIZAÇÃO DE ÁGUA SUBTERRÂNEA PARA ABASTECIMENTO PÚBLICO (NBR 13786)",
-                   "UTILIZAÇÃO DE ÁGUA SUBTERRÂNEA PARA ABASTECIMENTO DOMÉSTICO (NBR 13786)",
-                   "UTILIZAÇÃO DE ÁGUA SUBTERRÂNEA PARA USO INDUSTRIAL",
-                   "ÁREA INUNDÁVEL, VÁRZEA",
-                   "LAGOA, REPRESA, OCEANO, OUTROS CORPOS D` ÁGUA",
-                   "GASODUTO",
-                   "OLEODUTO",
-               }))),
+               map(listed("NUSOOCUPCSOLO"))),
          },
          {},
          {},

@@ -136,10 +136,14 @@ QWidget* FieldSet::add(Field field, QWidget* parent) {
         case FieldKind::Time:
             attachMask(edit, Mask::Time);
             break;
+        case FieldKind::Telephone:
+            attachMask(edit, Mask::Telephone);
+            break;
         default:
             break;
         }
-        if (length > 0 && field.kind != FieldKind::Date && field.kind != FieldKind::Time)
+        if (length > 0 && field.kind != FieldKind::Date && field.kind != FieldKind::Time &&
+            field.kind != FieldKind::Telephone)
             edit->setMaxLength(length);
     } else if (isCombo(field.kind)) {
         auto* combo = qobject_cast<QComboBox*>(e.widget);
@@ -267,26 +271,17 @@ void FieldSet::setValue(const QString& name, const QVariant& stored) const {
     const Entry& e = entry(name);
     auto* edit = qobject_cast<QLineEdit*>(e.widget);
     switch (e.field.kind) {
-    case FieldKind::Text: {
-        const QString text = stored.toString();
-        // A stored text longer than the field types is shown whole, never cut.
-        if (edit->maxLength() < text.size())
-            edit->setMaxLength(int(text.size()));
-        edit->setText(text);
+    case FieldKind::Text:
+        showWhole(edit, stored.toString());
         break;
-    }
-    case FieldKind::Number: {
-        const QString text = stored.isNull() ? QString() : QString::number(stored.toLongLong());
-        if (edit->maxLength() < text.size())
-            edit->setMaxLength(int(text.size()));
-        edit->setText(text);
+    case FieldKind::Number:
+        showWhole(edit, stored.isNull() ? QString() : QString::number(stored.toLongLong()));
         break;
-    }
     case FieldKind::Decimal:
         // Shown with the decimal comma in which it is typed.
-        edit->setText(stored.isNull()
-                          ? QString()
-                          : stored.toString().replace(QLatin1Char('.'), QLatin1Char(',')));
+        showWhole(edit, stored.isNull()
+                            ? QString()
+                            : stored.toString().replace(QLatin1Char('.'), QLatin1Char(',')));
         break;
     case FieldKind::Date:
         setDate(edit, store::readDate(stored));
@@ -299,6 +294,10 @@ void FieldSet::setValue(const QString& name, const QVariant& stored) const {
             clearMasked(edit);
         break;
     }
+    case FieldKind::Telephone:
+        // Padded on the right, as the number is shown through "@@@@-@@@@".
+        setClipText(edit, stored.isNull() ? QString() : QString::number(stored.toLongLong()));
+        break;
     case FieldKind::Codes:
     case FieldKind::Dictionary: {
         auto* combo = qobject_cast<QComboBox*>(e.widget);
@@ -344,6 +343,8 @@ QVariant FieldSet::value(const QString& name) const {
     case FieldKind::Time:
         return clipText(edit).isEmpty() ? QVariant()
                                         : QVariant(edit->text() + QStringLiteral(":00"));
+    case FieldKind::Telephone:
+        return clipText(edit).isEmpty() ? QVariant() : QVariant(clipText(edit).toLongLong());
     case FieldKind::Codes:
     case FieldKind::Dictionary:
         return chosenCode(qobject_cast<const QComboBox*>(e.widget));
@@ -381,6 +382,7 @@ bool FieldSet::isEmpty(const QString& name) const {
     switch (e.field.kind) {
     case FieldKind::Date:
     case FieldKind::Time:
+    case FieldKind::Telephone:
         return clipText(qobject_cast<const QLineEdit*>(e.widget)).isEmpty();
     case FieldKind::Codes:
     case FieldKind::Dictionary:

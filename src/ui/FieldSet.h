@@ -30,6 +30,7 @@ enum class FieldKind {
     Decimal,    // digits and the decimal comma; stored with a point
     Date,       // "__/__/____", stored yyyy-MM-dd
     Time,       // "__:__", stored HH:mm:ss
+    Telephone,  // "____-____", stored as the number its digits make, Null when empty
     Codes,      // a combo over a fixed code list of store/CodeLists
     Dictionary, // a combo over the rows of a dictionary query: code, caption
     Check,      // a check box: the list's first code when ticked, its second when not

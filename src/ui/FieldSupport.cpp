@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QStyle>
 
 namespace ui {
 
@@ -63,6 +64,16 @@ void chooseCode(QComboBox* combo, const QVariant& code) {
 
 QVariant chosenCode(const QComboBox* combo) {
     return combo->currentIndex() < 0 ? QVariant() : combo->currentData();
+}
+
+void showWhole(QLineEdit* edit, const QString& text) {
+    if (edit->maxLength() < text.size())
+        edit->setMaxLength(int(text.size()));
+    const int wanted = edit->fontMetrics().horizontalAdvance(text + QLatin1Char('0')) +
+                       2 * edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + 4;
+    if (edit->maximumWidth() < wanted)
+        edit->setMaximumWidth(wanted);
+    edit->setText(text);
 }
 
 } // namespace ui

@@ -18,6 +18,9 @@ void textField(QLineEdit* field, int length);
 // A date field with the mask "##/##/####".
 void dateField(QLineEdit* field);
 
+// Shows a stored text whole, never cut: the field's limit and width grow to hold a text longer
+// than the field types, so that the next save writes back what was stored.
+void showWhole(QLineEdit* field, const QString& text);
 // Removes the text of a masked field, leaving its mask.
 void clearMasked(QLineEdit* field);
 // Puts a date into a date field; an invalid date leaves the field empty.

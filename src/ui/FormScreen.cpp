@@ -62,6 +62,14 @@ FormScreen::FormScreen(ScreenHost& host, Sequence::Place place, QWidget* parent)
     connect(m_continuar, &QPushButton::clicked, this, &FormScreen::goOn);
 }
 
+QPushButton* FormScreen::addExcluir() {
+    m_excluir =
+        button(QStringLiteral("cmdExcluir"), QStringLiteral("&Excluir"), m_alterar->parentWidget());
+    m_operationButtons->insertWidget(m_operationButtons->indexOf(m_alterar) + 1, m_excluir);
+    connect(m_excluir, &QPushButton::clicked, this, &FormScreen::remove);
+    return m_excluir;
+}
+
 void FormScreen::enter() {
     m_header->fill(session());
     watchFields();
@@ -78,6 +86,8 @@ void FormScreen::showReading() {
     runGuarded([&] { completed = stored(); });
     m_incluir->setEnabled(!completed);
     m_alterar->setEnabled(completed);
+    if (m_excluir)
+        m_excluir->setEnabled(completed);
     m_ok->setEnabled(false);
     m_cancelar->setEnabled(false);
     takeSnapshot();
@@ -116,6 +126,8 @@ void FormScreen::startEdit(const QString& operation) {
     runGuarded([&] { first = beginEdit(); });
     m_incluir->setEnabled(false);
     m_alterar->setEnabled(false);
+    if (m_excluir)
+        m_excluir->setEnabled(false);
     m_ok->setEnabled(true);
     m_cancelar->setEnabled(true);
     takeSnapshot();
@@ -126,7 +138,7 @@ void FormScreen::startEdit(const QString& operation) {
 void FormScreen::ok() {
     if (!save())
         return;
-    dialogs().message(kTitle, savedMessage(), Icon::Information);
+    dialogs().message(kTitle, savedMessage(), savedIcon());
     showReading();
     m_continuar->setEnabled(true);
     m_continuar->setFocus(Qt::OtherFocusReason);
@@ -139,11 +151,15 @@ void FormScreen::cancel() {
 }
 
 void FormScreen::goBack() {
+    if (!mayLeave())
+        return;
     BusyCursor busy;
     showPrevious(m_host, m_place);
 }
 
 void FormScreen::goOn() {
+    if (!mayLeave())
+        return;
     BusyCursor busy;
     showNext(m_host, m_place);
 }

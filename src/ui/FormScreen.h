@@ -43,6 +43,12 @@ protected:
     QVBoxLayout* body() const { return m_body; }
     // The frame of the operation buttons, for a form that has a button of its own there.
     QHBoxLayout* operationButtons() const { return m_operationButtons; }
+    // cmdExcluir, for a form that deletes its stored row: on whenever cmdAlterar is, and it runs
+    // remove().
+    QPushButton* addExcluir();
+    virtual void remove() {}
+    // The test of cmdVoltar and cmdContinuar; a form that refuses shows why and returns false.
+    virtual bool mayLeave() { return true; }
 
     // Carregar: shows what is stored. Run on entering and after cmdCancelar.
     virtual void load() = 0;
@@ -52,16 +58,21 @@ protected:
     virtual void setEditable(bool editable) = 0;
     // The start of an edit (after the frames were enabled); returns the field of the first focus.
     virtual QWidget* beginEdit() = 0;
-    // The message of a save that went through.
+    // The message of a save that went through, and its icon.
     virtual QString savedMessage() const;
+    virtual Icon savedIcon() const { return Icon::Information; }
 
     void changeShown(bool changed) override;
     bool tracksChanges() const override { return false; }
     bool outsideFields(const QWidget* widget) const override;
     QList<QWidget*> snapshotFields() const override;
 
-private:
+    // The reading state: the frames closed, cmdIncluir or cmdAlterar as stored() says. A form
+    // whose stored row changes without cmdOk (a delete of its own, another record chosen)
+    // shows it again through this.
     void showReading();
+
+private:
     void startEdit(const QString& operation);
 
     ScreenHost& m_host;
@@ -73,6 +84,7 @@ private:
     QPushButton* m_alterar = nullptr;
     QPushButton* m_ok = nullptr;
     QPushButton* m_cancelar = nullptr;
+    QPushButton* m_excluir = nullptr;
     QPushButton* m_voltar = nullptr;
     QPushButton* m_continuar = nullptr;
     QString m_operation;

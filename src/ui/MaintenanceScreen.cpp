@@ -96,10 +96,7 @@ void MaintenanceScreen::changeShown(bool changed) {
 void MaintenanceScreen::ok() {
     if (!save())
         return;
-    dialogs().message(kTitle,
-                      m_operation.insert ? QStringLiteral("Incluído com Sucesso")
-                                         : QStringLiteral("Alterado com Sucesso"),
-                      Icon::Information);
+    dialogs().message(kTitle, savedMessage(), Icon::Information);
 
     const QString key = newKey();
     if (m_operation.level == 0) {
@@ -113,6 +110,11 @@ void MaintenanceScreen::ok() {
     } else {
         backToList(key, m_operation.insert && m_forced);
     }
+}
+
+QString MaintenanceScreen::savedMessage() const {
+    return m_operation.insert ? QStringLiteral("Incluído com Sucesso")
+                              : QStringLiteral("Alterado com Sucesso");
 }
 
 void MaintenanceScreen::cancel() {

@@ -65,6 +65,8 @@ protected:
     // Shows, hides, enables the blocks for the operation and reads what the grid does not hold;
     // returns the field that takes the first focus.
     virtual QWidget* arrangePanels() = 0;
+    // The message of a save that went through.
+    virtual QString savedMessage() const;
     // The key text of the row just written, as the list's first column shows it.
     virtual QString newKey() const = 0;
     // After a main row was written: how many detail rows must be entered now (gPendentes).

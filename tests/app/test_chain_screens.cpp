@@ -30,13 +30,11 @@ private slots:
         }
         // Every screen added to the program leaves this list.
         const QStringList expected = {
-            "frmPostoRespnContt",      "frmPostoDistrConsl",      "frmPosto",
-            "frmPostoUSOOCUPCSOLO",    "frmPostoContrEstq",       "frmPostoHistrVazmnSubtr",
-            "frmPostoProtcCatdcSubtr", "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo",
-            "frmPostoProtcCatdcAereo", "frmPostoMontrAmbntAereo", "frmBaciaContn",
-            "frmPostoMovmn",           "frmPostoAreaServc",       "frmPostoConsmAgua",
-            "frmPostoEflntLiqdo",      "frmPostoResdu",           "frmPostoPrevnEmissAr",
-            "frmPostoRuido",           "frmPostoPrevnAcidn",      "frmPostoEntrg",
+            "frmPostoContrEstq",       "frmPostoHistrVazmnSubtr", "frmPostoProtcCatdcSubtr",
+            "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo", "frmPostoProtcCatdcAereo",
+            "frmPostoMontrAmbntAereo", "frmBaciaContn",           "frmPostoMovmn",
+            "frmPostoConsmAgua",       "frmPostoEflntLiqdo",      "frmPostoResdu",
+            "frmPostoPrevnEmissAr",    "frmPostoRuido",           "frmPostoPrevnAcidn",
         };
         QCOMPARE(missing, expected);
     }

@@ -122,6 +122,40 @@ private slots:
         m_tank->load({{"NIDENT", longText}});
         QCOMPARE(m_tank->edit("txtNIDENT")->text(), longText);
         QCOMPARE(m_tank->value("txtNIDENT").toString(), longText);
+
+        // A decimal of more places than its field types, and a field narrower than the text.
+        QWidget screen;
+        ui::FieldSet post("TB_POSTO", &screen);
+        QLineEdit* area = qobject_cast<QLineEdit*>(post.add({.name = "txtQAREACONST",
+                                                             .label = "Construída : ",
+                                                             .kind = FieldKind::Decimal,
+                                                             .column = "QAREACONST"}));
+        area->setMaximumWidth(20);
+        post.load({{"QAREACONST", 123456.75}});
+        QCOMPARE(area->text(), QStringLiteral("123456,75"));
+        QCOMPARE(post.value("txtQAREACONST").toDouble(), 123456.75);
+        QVERIFY(area->maximumWidth() > area->fontMetrics().horizontalAdvance(area->text()));
+    }
+
+    void aTelephoneIsTypedThroughItsMaskAndStoredAsANumber() {
+        QWidget screen;
+        ui::FieldSet contact("TB_POSTOCONTT", &screen);
+        contact.add({.name = "txtNTELFNROTNR",
+                     .label = "Tel.:",
+                     .kind = FieldKind::Telephone,
+                     .column = "NTELFNROTNR",
+                     .required = "sem telefone"});
+        QLineEdit* phone = contact.edit("txtNTELFNROTNR");
+        QVERIFY(contact.isEmpty("txtNTELFNROTNR"));
+        QVERIFY(contact.value("txtNTELFNROTNR").isNull());
+        QCOMPARE(contact.validate()->message, QStringLiteral("sem telefone"));
+        contact.load({{"NTELFNROTNR", 32345679}});
+        QCOMPARE(phone->text(), QStringLiteral("3234-5679"));
+        QCOMPARE(contact.value("txtNTELFNROTNR").toLongLong(), 32345679);
+        contact.load({{"NTELFNROTNR", 3234567}}); // seven digits, padded on the right
+        QCOMPARE(ui::clipText(phone), QStringLiteral("3234567"));
+        QCOMPARE(contact.value("txtNTELFNROTNR").toLongLong(), 3234567);
+        QVERIFY(!contact.validate());
     }
 
     void refusesTheFirstEmptyFieldInDeclarationOrder() {
