@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "environment/EnvironmentScreens.h"
 #include "fuel/FuelScreens.h"
 #include "shell/QuestionnaireFrame.h"
 
@@ -8,6 +9,7 @@ namespace app {
 void registerScreens() {
     shell::registerScreens();
     fuel::registerScreens();
+    environment::registerScreens();
 }
 
 } // namespace app

@@ -1,0 +1,26 @@
+#include "environment/EnvironmentScreens.h"
+
+#include "environment/KindFamily.h"
+#include "ui/ListScreen.h"
+
+namespace environment {
+
+namespace {
+
+void addKindList(const KindFamily& family) {
+    ui::ScreenRegistry::instance().add(family.listName,
+                                       [&family](ui::ScreenHost& host, const ui::Sequence::Place&) {
+                                           return new ui::ListScreen(host, kindList(family));
+                                       });
+}
+
+} // namespace
+
+void registerScreens() {
+    addKindList(effluents());
+    addKindList(waste());
+    addKindList(airEmissions());
+    addKindList(noise());
+}
+
+} // namespace environment
