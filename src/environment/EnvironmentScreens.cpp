@@ -1,5 +1,6 @@
 #include "environment/EnvironmentScreens.h"
 
+#include "environment/AccidentPrevention.h"
 #include "environment/KindFamily.h"
 #include "ui/ListScreen.h"
 
@@ -21,6 +22,10 @@ void registerScreens() {
     addKindList(waste());
     addKindList(airEmissions());
     addKindList(noise());
+    ui::ScreenRegistry::instance().add(QStringLiteral("frmPostoPrevnAcidn"),
+                                       [](ui::ScreenHost& host, const ui::Sequence::Place& place) {
+                                           return new AccidentPrevention(host, place);
+                                       });
 }
 
 } // namespace environment
