@@ -4,10 +4,12 @@
 #include "app/PrintCommand.h"
 #include "app/Screens.h"
 #include "app/Startup.h"
+#include "app/SystemKeyring.h"
 #include "establishment/RegisterRecord.h"
 #include "exchange/ExportFailure.h"
 #include "exchange/Exporter.h"
 #include "exchange/Importer.h"
+#include "exchange/MailPassword.h"
 #include "rules/Formats.h"
 #include "shell/MainWindow.h"
 #include "shell/Objective.h"
@@ -15,6 +17,7 @@
 #include "shell/StartupChecks.h"
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/PrivateFiles.h"
 #include "store/RegisterKey.h"
 #include "store/TableCatalogue.h"
 #include "ui/ErrorRoutine.h"
@@ -23,6 +26,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QScreen>
+#include <QSettings>
 #include <QTextStream>
 #include <cstring>
 #include <memory>
@@ -246,6 +250,19 @@ int runDesktop(int argc, char* argv[]) {
     QCommandLineParser parser;
     describe(parser, QString());
     parser.process(application);
+
+    // The mail password lives in the desktop's keyring; earlier versions kept it in the
+    // settings file, which is now the owner's only and loses it.
+    SystemKeyring systemKeyring;
+    const exchange::KeyringOverride keyringInUse(systemKeyring);
+    {
+        QSettings settings;
+        store::makeSettingsPrivate(settings);
+        if (exchange::movePlainPassword(settings) == exchange::PlainPassword::KeptForSession)
+            err() << "vor: não há chaveiro do sistema nesta sessão; a senha do e-mail saiu do "
+                     "arquivo de configuração e vale só até o programa ser fechado."
+                  << Qt::endl;
+    }
 
     const QString path = databasePath(parser.value(QStringLiteral("database")));
     reportIncoming(takeIncomingDatabase(path), path);

@@ -62,7 +62,7 @@ ui::ListDefinition tankList(const TankFamily& family) {
     def.checkDetailInsert = [f](ui::ScreenHost& host, const ui::ListSelection& rows) -> ui::Check {
         const int count =
             countCompartments(host.database(), host.session(), f->itanqu, rows.main.value(0));
-        if (count >= rows.main.value(f->at.compartments).toInt())
+        if (count >= rows.main.value(f->compartmentsColumn).toInt())
             return ui::Refusal{QString(), f->compartmentsComplete};
         return {};
     };

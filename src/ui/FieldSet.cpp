@@ -58,6 +58,13 @@ QString snapshotText(const QWidget* field) {
     return options;
 }
 
+QHash<QString, QString> codeLabels(std::string_view list) {
+    QHash<QString, QString> labels;
+    for (const store::Code& code : store::codeList(list))
+        labels.insert(code.code.toString(), code.label);
+    return labels;
+}
+
 FieldSet::FieldSet(std::string_view table, QWidget* owner)
     : m_table(table)
     , m_owner(owner) {}
@@ -90,7 +97,7 @@ QWidget* FieldSet::add(Field field, QWidget* parent) {
             attachDigits(edit);
             break;
         case FieldKind::Decimal:
-            attachDecimal(edit, 15, field.places);
+            attachDecimal(edit, field.commaLength, field.places);
             break;
         case FieldKind::Date:
             attachMask(edit, Mask::Date);

@@ -4,6 +4,7 @@
 #include "ui/FieldBehaviour.h"
 #include "ui/Refusal.h"
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QVariant>
@@ -39,8 +40,8 @@ enum class FieldKind {
 // length from the catalogue's column, loads and reads the stored value, composes the change
 // snapshot and runs the required-field refusal in the order of declaration.
 struct Field {
-    QString name;  // objectName, as the screens have always named it
-    QString label; // caption of the label attached as the field's buddy
+    QString name = {};  // objectName, as the screens have always named it
+    QString label = {}; // caption of the label attached as the field's buddy
     FieldKind kind = FieldKind::Text;
     std::string_view column = {};  // column of the set's table; empty for a field not stored
     QString required = {};         // refusal when the field is empty; empty for optional
@@ -48,6 +49,7 @@ struct Field {
     QString dictionary = {};       // "Select code, caption From ..." for Dictionary
     int length = 0;                // typing limit; 0 takes the catalogue's length
     int places = 2;                // decimals of a Decimal field
+    int commaLength = 15;          // the typing limit of a Decimal field once it has a comma
     Case letterCase = Case::Upper; // Text fields
     // Whether the field takes part in the validation now; by default, while it is shown.
     std::function<bool()> applies = {};
@@ -124,5 +126,8 @@ private:
 
 // The text of a field as the change snapshot sees it.
 QString snapshotText(const QWidget* field);
+
+// Stored code to caption of a code list, as a grid column shows its codes.
+QHash<QString, QString> codeLabels(std::string_view list);
 
 } // namespace ui
