@@ -2,6 +2,7 @@
 
 #include "environment/AccidentPrevention.h"
 #include "environment/KindFamily.h"
+#include "environment/WaterUse.h"
 #include "ui/ListScreen.h"
 
 namespace environment {
@@ -18,6 +19,9 @@ void addKindList(const KindFamily& family) {
 } // namespace
 
 void registerScreens() {
+    ui::ScreenRegistry::instance().add(
+        QStringLiteral("frmPostoConsmAgua"),
+        [](ui::ScreenHost& host, const ui::Sequence::Place&) { return new WaterList(host); });
     addKindList(effluents());
     addKindList(waste());
     addKindList(airEmissions());

@@ -6,6 +6,8 @@
 #include "ui/FieldSupport.h"
 
 #include <QDate>
+#include <QKeyEvent>
+#include <algorithm>
 
 #include <QLineEdit>
 
@@ -15,7 +17,44 @@ namespace {
 
 const QString kZero = QStringLiteral("O valor da Quantidade deve ser Maior do que Zero");
 
+constexpr int kWaterDigits = 5;
+
+// The comma of a water quantity, typed as a comma or a point: once, after a digit, and the
+// field then takes two decimals behind it.
+class WaterComma : public QObject {
+public:
+    explicit WaterComma(QLineEdit* edit)
+        : QObject(edit) {
+        edit->installEventFilter(this);
+        // Without its comma the field is back to its digits, never cutting what it holds.
+        connect(edit, &QLineEdit::textChanged, this, [edit](const QString& text) {
+            if (!text.contains(QLatin1Char(',')))
+                edit->setMaxLength(std::max(kWaterDigits, int(text.size())));
+        });
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const QString typed = static_cast<QKeyEvent*>(event)->text();
+        if (typed != QLatin1String(".") && typed != QLatin1String(","))
+            return false;
+        auto* edit = static_cast<QLineEdit*>(watched);
+        if (!edit->text().contains(QLatin1Char(',')) && !edit->text().isEmpty()) {
+            edit->setMaxLength(int(edit->text().size()) + 3);
+            edit->insert(QStringLiteral(","));
+        }
+        return true;
+    }
+};
+
 } // namespace
+
+void waterQuantityField(QLineEdit* edit) {
+    edit->setMaxLength(kWaterDigits);
+    new WaterComma(edit);
+}
 
 void quantityField(QLineEdit* edit) {
     edit->setMaxLength(15);

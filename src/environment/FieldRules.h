@@ -11,6 +11,9 @@ namespace environment {
 // A quantity of two decimals: digits and one comma; a third decimal is refused with the
 // screens' own words.
 void quantityField(QLineEdit* edit);
+// A quantity of water: five digits, and a point or a comma that becomes the one comma and
+// leaves room for two decimals, no more.
+void waterQuantityField(QLineEdit* edit);
 // Leaving a quantity: shown with two decimals ("12" becomes "12,00"); zero is refused.
 ui::Check leaveQuantity(QLineEdit* edit);
 // Leaving a count: leading zeros go; zero is refused and emptied.

@@ -35,8 +35,7 @@ private slots:
             "frmPostoProtcCatdcSubtr", "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo",
             "frmPostoProtcCatdcAereo", "frmPostoMontrAmbntAereo", "frmBaciaContn",
             "frmPostoGasBatri",        "frmPostoGasCompr",        "frmPostoGasBomba",
-            "frmPostoMovmn",           "frmPostoAreaServc",       "frmPostoConsmAgua",
-            "frmPostoEntrg",
+            "frmPostoMovmn",           "frmPostoAreaServc",       "frmPostoEntrg",
         };
         QCOMPARE(missing, expected);
     }
