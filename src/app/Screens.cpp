@@ -2,6 +2,7 @@
 
 #include "environment/EnvironmentScreens.h"
 #include "fuel/FuelScreens.h"
+#include "gas/GasScreens.h"
 #include "shell/QuestionnaireFrame.h"
 
 namespace app {
@@ -9,6 +10,7 @@ namespace app {
 void registerScreens() {
     shell::registerScreens();
     fuel::registerScreens();
+    gas::registerScreens();
     environment::registerScreens();
 }
 

@@ -376,18 +376,7 @@ void TankMaintenance::copyFromList(const ui::ListSelection& rows) {
     m_tank.load(*tank);
     if (m_family.fixedMaterials)
         materialChosen();
-    // A report with a date was made, whatever its stored condition says; without a date it is
-    // "Não Realizado" only when stored so, and its date stays closed on a change.
-    QComboBox* teste = m_tank.combo(QStringLiteral("cmbitesteestnq"));
-    if (!tank->value(QStringLiteral("ATESTEESTNQ")).isNull()) {
-        ui::chooseCode(teste, QStringLiteral("R"));
-    } else {
-        const bool notMade =
-            tank->value(QStringLiteral("ITESTEESTNQ")).toString() == QLatin1String("NR");
-        ui::chooseCode(teste, notMade ? QStringLiteral("NR") : QStringLiteral("ND"));
-        if (op == m_family.alterarTanque)
-            m_report.date->setEnabled(false);
-    }
+    m_report.showStored(*tank, op == m_family.alterarTanque);
     if (tank->value(QStringLiteral("IPROPR")).toString() == QLatin1String("O")) {
         m_fraProp->load(database(), key);
         m_fraProp->show();

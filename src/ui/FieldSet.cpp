@@ -217,7 +217,7 @@ void FieldSet::place(QGridLayout* grid, int row, int column, const QString& name
 
 void FieldSet::loadLists(store::Database& db) const {
     for (const Entry& e : m_entries) {
-        if (e.field.kind == FieldKind::Dictionary)
+        if (e.field.kind == FieldKind::Dictionary && !e.field.dictionary.isEmpty())
             databaseList(db, qobject_cast<QComboBox*>(e.widget), e.field.dictionary);
     }
 }

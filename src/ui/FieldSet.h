@@ -82,7 +82,8 @@ public:
     // Puts the field's label at (row, column) of `grid` and the field beside it.
     void place(QGridLayout* grid, int row, int column, const QString& name, int span = 1) const;
 
-    // Fills the dictionary combos from the database; every combo is left without a choice.
+    // Fills the dictionary combos from the database; every combo is left without a choice. A
+    // dictionary field without a query is filled by its screen (its list depends on the row).
     void loadLists(store::Database& db) const;
 
     // Shows a stored row: each field with a column of the row takes its value.

@@ -105,4 +105,15 @@ void IntegrityReport::conditionChosen() const {
     date->setEnabled(false);
 }
 
+void IntegrityReport::showStored(const store::Row& row, bool changing) const {
+    if (!row.value(QStringLiteral("ATESTEESTNQ")).isNull()) {
+        chooseCode(condition, QStringLiteral("R"));
+        return;
+    }
+    const bool notMade = row.value(QStringLiteral("ITESTEESTNQ")).toString() == QLatin1String("NR");
+    chooseCode(condition, notMade ? QStringLiteral("NR") : QStringLiteral("ND"));
+    if (changing)
+        date->setEnabled(false);
+}
+
 } // namespace ui

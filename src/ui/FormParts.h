@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/RowWriter.h"
 #include "ui/Refusal.h"
 
 #include <QList>
@@ -49,6 +50,10 @@ struct IntegrityReport {
     Check leaveCheck(QWidget* field) const;
     // A report made opens its date; any other condition empties the date and closes it.
     void conditionChosen() const;
+    // Shows the condition of a stored row (its date is loaded with the row): a report with a
+    // date was made, whatever its stored condition says; without a date it is "Não Realizado"
+    // only when stored so, and on a change its date stays closed.
+    void showStored(const store::Row& row, bool changing) const;
 };
 
 } // namespace ui
