@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "environment/EnvironmentScreens.h"
 #include "establishment/EstablishmentScreens.h"
 #include "fuel/FuelScreens.h"
 #include "gas/GasScreens.h"
@@ -12,6 +13,7 @@ void registerScreens() {
     establishment::registerScreens();
     fuel::registerScreens();
     gas::registerScreens();
+    environment::registerScreens();
 }
 
 } // namespace app

@@ -66,6 +66,13 @@ Format map(Labels labels, QString otherwise = {}) {
     f.otherwise = std::move(otherwise);
     return f;
 }
+// A fixed code list of the screens, with their captions.
+Format codes(std::string_view list, QString otherwise = {}) {
+    Labels labels;
+    for (const store::Code& code : store::codeList(list))
+        labels.emplace_back(code.code.toString(), code.label);
+    return map(std::move(labels), std::move(otherwise));
+}
 // A dictionary: the row's column against the dictionary's key column.
 Format dictionary(std::string_view table, std::string_view key, std::string_view text) {
     Format f = of(Kind::Lookup);
@@ -743,12 +750,7 @@ Layout water() {
     return {{listOf("Consumo Mensal de Água (m³/mês)", "TB_POSTOBALNCHIDRC",
                     {"IFONTEABAST", "NFONTEABASTIDENT"},
                     {
-                        f("Fonte de Abastecimento", "IFONTEABAST",
-                          map({{"1P", "Poços"},
-                               {"2S", "Superficial"},
-                               {"3R", "Rede"},
-                               {"4O", "Outros"},
-                               {"5T", "Total (m³/mês)"}})),
+                        f("Fonte de Abastecimento", "IFONTEABAST", codes("IFONTEABAST")),
                         f("Identificação", "NFONTEABASTIDENT", zeroBlank()),
                         f("Descrição", "DFONTEABAST"),
                         f("Sanitário", "QCONSMSANTR", decimal()),
@@ -760,9 +762,8 @@ Layout effluents() {
     return {{listOf(
         "Efluentes Líquidos", "TB_POSTOEFLNTLIQDO", {"IEFLNTLIQDO"},
         {
-            f("Tipo", "IEFLNTLIQDO",
-              map({{"D", "Esgoto Doméstico"}, {"S", "Efluentes de Serviço"}},
-                  QStringLiteral("Drenagem de Tanque"))),
+            // A kind the list does not know reads as the last one.
+            f("Tipo", "IEFLNTLIQDO", codes("IEFLNTLIQDO", QStringLiteral("Drenagem de Tanque"))),
             f("Quantidade (m³/mês)", "QEFLNTLIQDO", decimal()),
             f("Sistema de Tratamento", "NTRATM", dictionary("DICNRTRATM", "NTRATM", "DTRATM")),
             f("Disposição Final", "NDISPSFINAL",
@@ -773,15 +774,7 @@ Layout effluents() {
 Layout waste() {
     return {{listOf("Resíduos", "TB_POSTORESDU", {"IRESDU"},
                     {
-                        f("Tipo", "IRESDU",
-                          map({{"D", "Doméstico"},
-                               {"Q", "Óleo Queimado"},
-                               {"L", "Limpeza de Tanque"},
-                               {"C", "Caixa de Retenção de Sólidos"},
-                               {"E", "Embalagens"},
-                               {"S", "Estopa"},
-                               {"F", "Filtros"},
-                               {"O", "Outros"}})),
+                        f("Tipo", "IRESDU", codes("IRESDU")),
                         f("Descrição", "DRESDU"),
                         f("Quantidade", "QRESDU", decimal()),
                         f("Unidade", "CUNIDDMEDDA",
@@ -794,52 +787,26 @@ Layout waste() {
 }
 
 Layout airEmissions() {
-    return {{listOf("Emissões Atmosféricas", "TB_POSTOPREVNEMISSAR", {"IFONTE"},
-                    {
-                        f("Fonte de Emissão", "IFONTE",
-                          map({{"R", "Respiro"},
-                               {"B", "Bico de Abastecimento"},
-                               {"C", "Braço de Carregamento"},
-                               {"T", "Tubo de Descarga"}},
-                              QStringLiteral("Outros"))),
-                        f("Descrição", "DFONTEOUTRO"),
-                        f("Dispositivo de Controle", "DDISPSCONTR"),
-                    })}};
+    return {{listOf(
+        "Emissões Atmosféricas", "TB_POSTOPREVNEMISSAR", {"IFONTE"},
+        {
+            f("Fonte de Emissão", "IFONTE", codes("IFONTE.EMISSAR", QStringLiteral("Outros"))),
+            f("Descrição", "DFONTEOUTRO"),
+            f("Dispositivo de Controle", "DDISPSCONTR"),
+        })}};
 }
 
 Layout noise() {
-    return {{listOf(
-        "Ruídos", "TB_POSTORUIDO", {"IFONTE"},
-        {
-            f("Equipamento", "IFONTE",
-              map({{"A", "Aspirador"},
-                   {"C", "Compressor para Serviço"},
-                   {"N", "Compressor para GNV"},
-                   {"G", "Gerador"},
-                   {"V", "Ventilador para secagem de veículos"}},
-                  QStringLiteral("Outros"))),
-            f("Descrição", "DFONTEOUTRO"),
-            f("Quantidade", "QFONTE", decimal(-1)),
-            f("Hora de Início de Funcionamento", "HINICIFUNCM", time()),
-            f("Hora de Término de Funcionamento", "HTERMNFUNCM", time()),
-            f("Medida de Controle", "DMEDDACONTR",
-              map({{"12", "Adequação de Lay-out e Isolamento Acústico"},
-                   {"123", "Adequação de Lay-out, Isolamento Acústico e Substituição de "
-                           "Equipamento"},
-                   {"1234", "Adequação de Lay-out, Isolamento Acústico, Substituição de "
-                            "Equipamento e Base Anti-Vibratória"},
-                   {"13", "Adequação de Lay-out e Substituição de Equipamento"},
-                   {"134", "Adequação de Lay-out, Substituição de Equipamento e Base "
-                           "Anti-Vibratória"},
-                   {"14", "Adequação de Lay-out e Base Anti-Vibratória"},
-                   {"124", "Adequação de Lay-out, Isolamento Acústico e Base Anti-Vibratória"},
-                   {"23", "Isolamento Acústico e Substituição de Equipamento"},
-                   {"24", "Isolamento Acústico e Base Anti-Vibratória"},
-                   {"234", "Isolamento Acústico, Substituição de Equipamento e Base "
-                           "Anti-Vibratória"},
-                   {"9", "Outras"},
-                   {"0", "Nenhuma"}})),
-        })}};
+    return {{listOf("Ruídos", "TB_POSTORUIDO", {"IFONTE"},
+                    {
+                        f("Equipamento", "IFONTE", codes("IFONTE.RUIDO", QStringLiteral("Outros"))),
+                        f("Descrição", "DFONTEOUTRO"),
+                        f("Quantidade", "QFONTE", decimal(-1)),
+                        f("Hora de Início de Funcionamento", "HINICIFUNCM", time()),
+                        f("Hora de Término de Funcionamento", "HTERMNFUNCM", time()),
+                        // A single measure is stored as its caption, which reads as itself.
+                        f("Medida de Controle", "DMEDDACONTR", codes("DMEDDACONTR")),
+                    })}};
 }
 
 Layout accidentPrevention() {

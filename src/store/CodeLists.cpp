@@ -9,7 +9,7 @@ namespace store {
 namespace {
 
 Code text(const char* code, const char* label) {
-    return {QString::fromLatin1(code), QString::fromUtf8(label)};
+    return {QString::fromUtf8(code), QString::fromUtf8(label)};
 }
 
 Code number(int code, const char* label) {
@@ -134,6 +134,54 @@ const std::map<std::string_view, CodeList>& lists() {
          }},
         // A distributor or a supplier.
         {"IDISTRFORNC", {text("D", "Distribuidora"), text("F", "Fornecedora")}},
+        // The sources of water; the last is the total row that the program keeps, never typed.
+        {"IFONTEABAST",
+         {text("1P", "Poços"), text("2S", "Superficial"), text("3R", "Rede"), text("4O", "Outros"),
+          text("5T", "Total (m³/mês)")}},
+        // The kinds of liquid effluent.
+        {"IEFLNTLIQDO",
+         {text("D", "Esgoto Doméstico"), text("S", "Efluentes de Serviço"),
+          text("T", "Drenagem de Tanque")}},
+        // The kinds of solid waste.
+        {"IRESDU",
+         {text("D", "Doméstico"), text("Q", "Óleo Queimado"), text("L", "Limpeza de Tanque"),
+          text("C", "Caixa de Retenção de Sólidos"), text("E", "Embalagens"), text("S", "Estopa"),
+          text("F", "Filtros"), text("O", "Outros")}},
+        // The units of a quantity of waste: numbers of the unit dictionary, not consecutive.
+        {"CUNIDDMEDDA.RESDU",
+         {number(2408, "kg/mês"), number(2404, "kg/ano"), number(2310, "L/mês"),
+          number(2311, "L/ano")}},
+        // The sources of atmospheric emission.
+        {"IFONTE.EMISSAR",
+         {text("R", "Respiro"), text("B", "Bico de Abastecimento"),
+          text("C", "Braço de Carregamento"), text("T", "Tubo de Descarga"), text("O", "Outros")}},
+        // The noisy equipment.
+        {"IFONTE.RUIDO",
+         {text("A", "Aspirador"), text("C", "Compressor para Serviço"),
+          text("N", "Compressor para GNV"), text("G", "Gerador"),
+          text("V", "Ventilador para secagem de veículos"), text("O", "Outros")}},
+        // The noise control measures: 1 lay-out, 2 acoustic insulation, 3 new equipment, 4
+        // anti-vibration base; a combination is its digits in rising order, while a single
+        // measure has always been stored as its caption.
+        {"DMEDDACONTR",
+         {text("Adequação de Lay-out", "Adequação de Lay-out"),
+          text("Isolamento Acústico", "Isolamento Acústico"),
+          text("Substituição de Equipamento", "Substituição de Equipamento"),
+          text("Base Anti-Vibratória", "Base Anti-Vibratória"),
+          text("12", "Adequação de Lay-out e Isolamento Acústico"),
+          text("123", "Adequação de Lay-out, Isolamento Acústico e Substituição de Equipamento"),
+          text("1234", "Adequação de Lay-out, Isolamento Acústico, Substituição de Equipamento e "
+                       "Base Anti-Vibratória"),
+          text("13", "Adequação de Lay-out e Substituição de Equipamento"),
+          text("134", "Adequação de Lay-out, Substituição de Equipamento e Base Anti-Vibratória"),
+          text("14", "Adequação de Lay-out e Base Anti-Vibratória"),
+          text("124", "Adequação de Lay-out, Isolamento Acústico e Base Anti-Vibratória"),
+          text("23", "Isolamento Acústico e Substituição de Equipamento"),
+          text("24", "Isolamento Acústico e Base Anti-Vibratória"),
+          text("234", "Isolamento Acústico, Substituição de Equipamento e Base Anti-Vibratória"),
+          text("9", "Outras"), text("0", "Nenhuma")}},
+        // Yes and no as the true and false of a stored boolean.
+        {"SEQUPEEMERG", {number(-1, "Sim"), number(0, "Não")}},
     };
     return all;
 }

@@ -173,6 +173,7 @@ ListSelection ListScreen::selection() const {
     ListSelection rows;
     for (int level = 0; level < levelCount(); ++level) {
         QStringList& cells = level == 0 ? rows.main : rows.detail;
+        QVariantList& stored = level == 0 ? rows.mainStored : rows.detailStored;
         const QTableWidget* g = grid(level);
         const int row = currentRow(level);
         if (row == 0)
@@ -180,6 +181,7 @@ ListSelection ListScreen::selection() const {
         for (int c = 0; c < g->columnCount(); ++c) {
             const QTableWidgetItem* item = g->item(row - 1, c);
             cells << (item ? item->text() : QString());
+            stored << (item ? item->data(Qt::UserRole) : QVariant());
         }
     }
     return rows;
@@ -201,6 +203,7 @@ void ListScreen::fillGrid(int level) {
                 for (int c = 0; c < int(lvl.columns.size()); ++c) {
                     auto* item = new QTableWidgetItem(
                         shownValue(rows.value(c), lvl.columns[std::size_t(c)]));
+                    item->setData(Qt::UserRole, rows.value(c));
                     item->setTextAlignment(Qt::AlignCenter);
                     g->setItem(r, c, item);
                 }

@@ -49,10 +49,13 @@ struct GridColumn {
 };
 
 // The selected rows of the list's grids as they are shown (labels, dates dd/MM/yyyy): what a
-// maintenance screen starts from.
+// maintenance screen starts from. Beside them the values as the query gave them, codes before
+// their labels, so that a row is found again by what is stored and never by a caption.
 struct ListSelection {
     QStringList main;
     QStringList detail;
+    QVariantList mainStored;
+    QVariantList detailStored;
 };
 
 // One level of a list: the main rows (level 0) or the rows of the selected main row (level 1).

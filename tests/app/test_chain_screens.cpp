@@ -33,8 +33,6 @@ private slots:
             "frmPostoContrEstq",       "frmPostoHistrVazmnSubtr", "frmPostoProtcCatdcSubtr",
             "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo", "frmPostoProtcCatdcAereo",
             "frmPostoMontrAmbntAereo", "frmBaciaContn",           "frmPostoMovmn",
-            "frmPostoConsmAgua",       "frmPostoEflntLiqdo",      "frmPostoResdu",
-            "frmPostoPrevnEmissAr",    "frmPostoRuido",           "frmPostoPrevnAcidn",
         };
         QCOMPARE(missing, expected);
     }
