@@ -18,6 +18,7 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QTableWidget>
+#include <QTime>
 #include <QVBoxLayout>
 
 namespace ui {
@@ -34,9 +35,23 @@ QString shownValue(const QVariant& value, const GridColumn& column) {
     if (value.isNull())
         return {};
     const QString stored = value.toString();
-    if (column.kind == GridColumn::Kind::Date) {
+    switch (column.kind) {
+    case GridColumn::Kind::Date: {
         const QDate date = QDate::fromString(stored.left(10), Qt::ISODate);
         return date.isValid() ? rules::shortDate(date) : stored;
+    }
+    case GridColumn::Kind::Decimal: {
+        bool number = false;
+        const double amount = value.toDouble(&number);
+        return number ? QString::number(amount, 'f', 2).replace(QLatin1Char('.'), QLatin1Char(','))
+                      : stored;
+    }
+    case GridColumn::Kind::Time: {
+        const QTime time = QTime::fromString(stored.left(5), QStringLiteral("HH:mm"));
+        return time.isValid() ? time.toString(QStringLiteral("HH:mm")) : stored;
+    }
+    case GridColumn::Kind::Text:
+        break;
     }
     return column.labels.value(stored, stored);
 }
@@ -82,6 +97,15 @@ ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* par
         connect(grid, &QTableWidget::cellClicked, this, [this, level] { gridClicked(level); });
         connect(grid, &QTableWidget::cellDoubleClicked, this,
                 [this, level] { gridDoubleClicked(level); });
+        // Mouse, keyboard or program: on a level with fixed rows, cmdAlterar and cmdExcluir
+        // follow the row the grid stands on.
+        connect(grid, &QTableWidget::currentCellChanged, this, [this, level] {
+            if (m_loading || level != m_level || !m_def.levels[std::size_t(level)].fixedRow)
+                return;
+            const bool open = currentRow(level) > 0 && !onFixedRow(level);
+            m_alterar->setEnabled(open);
+            m_excluir->setEnabled(open);
+        });
     }
     connect(m_grids.front(), &QTableWidget::currentCellChanged, this,
             [this](int row, int, int previousRow) {
@@ -151,6 +175,7 @@ void ListScreen::enter() {
     m_excluir->setEnabled(hasRows);
     for (int level = 0; level < levelCount(); ++level)
         selectRow(level);
+    keepFixedRowShut();
 }
 
 void ListScreen::showEvent(QShowEvent* event) {
@@ -167,6 +192,21 @@ int ListScreen::currentRow(int level) const {
 
 int ListScreen::dataRows(int level) const {
     return grid(level)->rowCount();
+}
+
+bool ListScreen::onFixedRow(int level) const {
+    const ListLevel& lvl = m_def.levels[std::size_t(level)];
+    if (!lvl.fixedRow || currentRow(level) == 0)
+        return false;
+    const ListSelection rows = selection();
+    return lvl.fixedRow(level == 0 ? rows.main : rows.detail);
+}
+
+void ListScreen::keepFixedRowShut() {
+    if (onFixedRow(m_level)) {
+        m_alterar->setEnabled(false);
+        m_excluir->setEnabled(false);
+    }
 }
 
 ListSelection ListScreen::selection() const {
@@ -268,14 +308,15 @@ void ListScreen::updateButtons() {
         m_incluir->setEnabled(true);
         m_alterar->setEnabled(mainRows);
         m_excluir->setEnabled(mainRows);
-        return;
+    } else {
+        // A detail row is added in the forced chain after its parent was saved, or after a
+        // click in the detail grid: the option alone does not offer it.
+        const bool detailRows = mainRows && dataRows(1) > 0;
+        m_incluir->setEnabled(false);
+        m_alterar->setEnabled(detailRows);
+        m_excluir->setEnabled(detailRows);
     }
-    // A detail row is added in the forced chain after its parent was saved, or after a click
-    // in the detail grid: the option alone does not offer it.
-    const bool detailRows = mainRows && dataRows(1) > 0;
-    m_incluir->setEnabled(false);
-    m_alterar->setEnabled(detailRows);
-    m_excluir->setEnabled(detailRows);
+    keepFixedRowShut();
 }
 
 void ListScreen::gridClicked(int level) {
@@ -283,6 +324,8 @@ void ListScreen::gridClicked(int level) {
         return;
     setLevel(level);
     grid(level)->setFocus();
+    if (onFixedRow(level))
+        return;
     QPushButton* next = dataRows(level) > 0 ? m_alterar : m_incluir;
     next->setEnabled(true);
     next->setFocus();
@@ -291,6 +334,8 @@ void ListScreen::gridClicked(int level) {
 void ListScreen::gridDoubleClicked(int level) {
     if (levelCount() > 1)
         setLevel(level);
+    if (onFixedRow(level))
+        return;
     if (dataRows(level) > 0)
         alter();
     else
@@ -325,7 +370,7 @@ void ListScreen::insert(bool forced) {
 }
 
 void ListScreen::alter() {
-    if (currentRow(0) == 0 || (m_level == 1 && currentRow(1) == 0))
+    if (currentRow(0) == 0 || (m_level == 1 && currentRow(1) == 0) || onFixedRow(m_level))
         return;
     if (m_level == 1 && m_def.checkDetailAlter) {
         Check refused;
@@ -356,7 +401,7 @@ void ListScreen::openMaintenance(const QString& operation, bool forced) {
 void ListScreen::remove() {
     session().linhaPrincipal = currentRow(0);
     const int level = m_level;
-    if (currentRow(level) == 0)
+    if (currentRow(level) == 0 || onFixedRow(level))
         return;
     const ListLevel& lvl = m_def.levels[std::size_t(level)];
     if (!dialogs().ask(kTitle, lvl.deleteQuestion, Icon::Question, false))

@@ -32,7 +32,9 @@ struct Query {
 
 // One column of a list grid: its heading, its width, and how a stored value is shown.
 struct GridColumn {
-    enum class Kind { Text, Date };
+    // Text as stored (or its label); Date dd/MM/yyyy; Decimal with two places and the decimal
+    // comma, no thousands ("1234,50"); Time hh:mm.
+    enum class Kind { Text, Date, Decimal, Time };
 
     GridColumn(QString heading, int width, Kind kind = Kind::Text,
                QHash<QString, QString> labels = {})
@@ -70,6 +72,9 @@ struct ListLevel {
     // The deletes of cmdExcluir, children first; they run inside one transaction.
     std::function<void(store::Database& db, const Session& session, const ListSelection& rows)>
         cascade;
+    // A row that the program keeps itself (a computed total), told by its cells as shown: it
+    // can be selected, but never opened, changed or deleted, whichever way it was reached.
+    std::function<bool(const QStringList& row)> fixedRow;
 };
 
 // Everything that tells one list screen from another.
@@ -114,6 +119,8 @@ public:
     int currentRow(int level) const;
     int dataRows(int level) const;
     ListSelection selection() const;
+    // Whether the current row of the level is one that the program keeps (fixedRow).
+    bool onFixedRow(int level) const;
 
     // The buttons.
     void include();
@@ -137,6 +144,8 @@ private:
     void setCurrentRow(int level, int row, bool toTop);
     void keepRows();
     void updateButtons();
+    // cmdAlterar and cmdExcluir off while the current row is a fixed one.
+    void keepFixedRowShut();
     void gridClicked(int level);
     void gridDoubleClicked(int level);
     void insert(bool forced);
