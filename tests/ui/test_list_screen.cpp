@@ -161,6 +161,27 @@ private slots:
         emit grid->cellDoubleClicked(2, 0);
         QCOMPARE(m_opened, 1);
     }
+
+    void boxesAndOptionsTakePartInTheChangeCheck() {
+        openList();
+        click(QStringLiteral("cmdIncluir"));
+        QCOMPARE(screen()->objectName(), QStringLiteral("frmListaM"));
+        QVERIFY(!button(QStringLiteral("cmdOk"))->isEnabled());
+        QVERIFY(button(QStringLiteral("cmdFechar"))->isEnabled());
+
+        auto* box = find<QCheckBox>(QStringLiteral("chkSLMC"));
+        box->click();
+        QVERIFY(button(QStringLiteral("cmdOk"))->isEnabled());
+        QVERIFY(button(QStringLiteral("cmdCancelar"))->isEnabled());
+        QVERIFY(!button(QStringLiteral("cmdFechar"))->isEnabled());
+        box->click();
+        QVERIFY(!button(QStringLiteral("cmdOk"))->isEnabled());
+        QVERIFY(button(QStringLiteral("cmdFechar"))->isEnabled());
+
+        find<QRadioButton>(QStringLiteral("optSATULZ_1"))->click();
+        QVERIFY(button(QStringLiteral("cmdOk"))->isEnabled());
+        QVERIFY(!button(QStringLiteral("cmdFechar"))->isEnabled());
+    }
 };
 
 QTEST_MAIN(TestListScreen)
