@@ -1,6 +1,7 @@
 #include "ui/ListScreen.h"
 
 #include "rules/Formats.h"
+#include "store/CodeLists.h"
 #include "store/Database.h"
 #include "ui/BusyCursor.h"
 #include "ui/ErrorRoutine.h"
@@ -57,6 +58,13 @@ QString shownValue(const QVariant& value, const GridColumn& column) {
 }
 
 } // namespace
+
+QHash<QString, QString> codeLabels(std::string_view list) {
+    QHash<QString, QString> labels;
+    for (const store::Code& code : store::codeList(list))
+        labels.insert(code.code.toString(), code.label);
+    return labels;
+}
 
 ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* parent)
     : Screen(parent)

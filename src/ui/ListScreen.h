@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QVariantList>
 #include <functional>
+#include <string_view>
 #include <vector>
 
 class QGroupBox;
@@ -49,6 +50,9 @@ struct GridColumn {
     // Stored code to the label that the grid shows instead; empty for a column shown as stored.
     QHash<QString, QString> labels;
 };
+
+// The captions of a code list (store/CodeLists) by code, for a grid column that shows them.
+QHash<QString, QString> codeLabels(std::string_view list);
 
 // The selected rows of the list's grids as they are shown (labels, dates dd/MM/yyyy): what a
 // maintenance screen starts from.

@@ -1,0 +1,27 @@
+#include "fuel/ControlScreens.h"
+
+#include "fuel/Protection.h"
+#include "ui/ScreenHost.h"
+
+namespace fuel {
+
+namespace {
+
+// A list screen of the chain, whatever the role of the place.
+template <typename MakeList> void addList(const QString& name, MakeList makeList) {
+    ui::ScreenRegistry::instance().add(
+        name, [makeList](ui::ScreenHost& host, const ui::Sequence::Place&) -> QWidget* {
+            return new ui::ListScreen(host, makeList());
+        });
+}
+
+} // namespace
+
+void registerControlScreens() {
+    addList(QStringLiteral("frmPostoProtcCatdcSubtr"),
+            [] { return protectionList(undergroundProtection()); });
+    addList(QStringLiteral("frmPostoProtcCatdcAereo"),
+            [] { return protectionList(abovegroundProtection()); });
+}
+
+} // namespace fuel
