@@ -1,5 +1,6 @@
 #include "fuel/ControlScreens.h"
 
+#include "fuel/Leaks.h"
 #include "fuel/Protection.h"
 #include "ui/ScreenHost.h"
 
@@ -18,6 +19,8 @@ template <typename MakeList> void addList(const QString& name, MakeList makeList
 } // namespace
 
 void registerControlScreens() {
+    addList(QStringLiteral("frmPostoHistrVazmnSubtr"), [] { return leakList(undergroundLeaks()); });
+    addList(QStringLiteral("frmPostoHistrVazmnAereo"), [] { return leakList(abovegroundLeaks()); });
     addList(QStringLiteral("frmPostoProtcCatdcSubtr"),
             [] { return protectionList(undergroundProtection()); });
     addList(QStringLiteral("frmPostoProtcCatdcAereo"),
