@@ -2,6 +2,7 @@
 
 #include "fuel/Leaks.h"
 #include "fuel/Protection.h"
+#include "fuel/StockControl.h"
 #include "ui/ScreenHost.h"
 
 namespace fuel {
@@ -19,6 +20,11 @@ template <typename MakeList> void addList(const QString& name, MakeList makeList
 } // namespace
 
 void registerControlScreens() {
+    ui::ScreenRegistry::instance().add(
+        QStringLiteral("frmPostoContrEstq"),
+        [](ui::ScreenHost& host, const ui::Sequence::Place& place) -> QWidget* {
+            return new StockControl(host, place);
+        });
     addList(QStringLiteral("frmPostoHistrVazmnSubtr"), [] { return leakList(undergroundLeaks()); });
     addList(QStringLiteral("frmPostoHistrVazmnAereo"), [] { return leakList(abovegroundLeaks()); });
     addList(QStringLiteral("frmPostoProtcCatdcSubtr"),

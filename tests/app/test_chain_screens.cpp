@@ -30,13 +30,13 @@ private slots:
         }
         // Every screen added to the program leaves this list.
         const QStringList expected = {
-            "frmPostoRespnContt",      "frmPostoDistrConsl",   "frmPosto",
-            "frmPostoUSOOCUPCSOLO",    "frmPostoContrEstq",    "frmPostoMontrAmbnt",
-            "frmPostoMontrAmbntAereo", "frmBaciaContn",        "frmPostoGasBatri",
-            "frmPostoGasCompr",        "frmPostoGasBomba",     "frmPostoMovmn",
-            "frmPostoAreaServc",       "frmPostoConsmAgua",    "frmPostoEflntLiqdo",
-            "frmPostoResdu",           "frmPostoPrevnEmissAr", "frmPostoRuido",
-            "frmPostoPrevnAcidn",      "frmPostoEntrg",
+            "frmPostoRespnContt",   "frmPostoDistrConsl", "frmPosto",
+            "frmPostoUSOOCUPCSOLO", "frmPostoMontrAmbnt", "frmPostoMontrAmbntAereo",
+            "frmBaciaContn",        "frmPostoGasBatri",   "frmPostoGasCompr",
+            "frmPostoGasBomba",     "frmPostoMovmn",      "frmPostoAreaServc",
+            "frmPostoConsmAgua",    "frmPostoEflntLiqdo", "frmPostoResdu",
+            "frmPostoPrevnEmissAr", "frmPostoRuido",      "frmPostoPrevnAcidn",
+            "frmPostoEntrg",
         };
         QCOMPARE(missing, expected);
     }
