@@ -94,9 +94,13 @@ ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* par
         for (int c = 0; c < int(lvl.columns.size()); ++c) {
             grid->setHorizontalHeaderItem(
                 c, new QTableWidgetItem(lvl.columns[std::size_t(c)].heading));
-            // No heading is cut: a column is at least as wide as its heading.
-            grid->setColumnWidth(c, std::max(lvl.columns[std::size_t(c)].width,
-                                             grid->horizontalHeader()->sectionSizeHint(c)));
+            // No heading is cut: a column is at least as wide as its heading. A column of width
+            // 0 carries a key that the rows are known by and is not shown.
+            if (lvl.columns[std::size_t(c)].width == 0)
+                grid->setColumnHidden(c, true);
+            else
+                grid->setColumnWidth(c, std::max(lvl.columns[std::size_t(c)].width,
+                                                 grid->horizontalHeader()->sectionSizeHint(c)));
         }
         frameLayout->addWidget(grid);
         layout->addWidget(frame, 1);

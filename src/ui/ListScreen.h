@@ -45,7 +45,7 @@ struct GridColumn {
         , labels(std::move(labels)) {}
 
     QString heading;
-    int width = 100;
+    int width = 100; // 0: a hidden column, whose cells the selection still carries
     Kind kind = Kind::Text;
     // Stored code to the label that the grid shows instead; empty for a column shown as stored.
     QHash<QString, QString> labels;

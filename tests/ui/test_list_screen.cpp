@@ -70,6 +70,7 @@ class TestListScreen : public QObject, private ScreenDriver {
             {QStringLiteral("Produto"), 200},
             {QStringLiteral("Quantidade"), 100, ui::GridColumn::Kind::Decimal},
             {QStringLiteral("Hora"), 80, ui::GridColumn::Kind::Time},
+            {QStringLiteral("Código"), 0},
         };
         level.query = [](const ui::Session&, const QStringList&) {
             return ui::Query{QStringLiteral("Select 'Gasolina Comum', 1234.5, '08:05:00'"
@@ -123,6 +124,11 @@ private slots:
         // A time as hh:mm; an empty one blank; a text that is no time as it is.
         QCOMPARE(column(QStringLiteral("fgrLista"), 2),
                  QStringList({"08:05", "", "23:59", "texto"}));
+        // A column of width 0 is not shown, but its cells go with the selected row.
+        QVERIFY(find<QTableWidget>(QStringLiteral("fgrLista"))->isColumnHidden(3));
+        selectRow(QStringLiteral("fgrLista"), 3);
+        QCOMPARE(m_host->current<ui::ListScreen>()->selection().main.value(3),
+                 QStringLiteral("130"));
     }
 
     void aFixedRowIsShutWhicheverWayItIsReached() {
