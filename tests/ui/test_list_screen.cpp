@@ -73,11 +73,12 @@ class TestListScreen : public QObject, private ScreenDriver {
             {QStringLiteral("Código"), 0},
         };
         level.query = [](const ui::Session&, const QStringList&) {
-            return ui::Query{QStringLiteral("Select 'Gasolina Comum', 1234.5, '08:05:00'"
-                                            " Union All Select 'Total de Gasolinas', 1234.5, Null"
-                                            " Union All Select 'Querosene', 0.125, '23:59:00'"
-                                            " Union All Select 'TOTAL EM CAPITAIS', 7, 'texto'"),
-                             {}};
+            return ui::Query{
+                QStringLiteral("Select 'Gasolina Comum', 1234.5, '08:05:00', 101"
+                               " Union All Select 'Total de Gasolinas', 1234.5, Null, 109"
+                               " Union All Select 'Querosene', 0.125, '23:59:00', 130"
+                               " Union All Select 'TOTAL EM CAPITAIS', 7, 'texto', 999"),
+                {}};
         };
         level.insertOperation = QStringLiteral("Incluir");
         level.alterOperation = QStringLiteral("Alterar");
