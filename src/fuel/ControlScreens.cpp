@@ -1,6 +1,7 @@
 #include "fuel/ControlScreens.h"
 
 #include "fuel/Leaks.h"
+#include "fuel/Movement.h"
 #include "fuel/Protection.h"
 #include "fuel/StockControl.h"
 #include "ui/ScreenHost.h"
@@ -20,6 +21,7 @@ template <typename MakeList> void addList(const QString& name, MakeList makeList
 } // namespace
 
 void registerControlScreens() {
+    addList(QStringLiteral("frmPostoMovmn"), [] { return movementList(); });
     ui::ScreenRegistry::instance().add(
         QStringLiteral("frmPostoContrEstq"),
         [](ui::ScreenHost& host, const ui::Sequence::Place& place) -> QWidget* {

@@ -33,10 +33,9 @@ private slots:
             "frmPostoRespnContt",   "frmPostoDistrConsl", "frmPosto",
             "frmPostoUSOOCUPCSOLO", "frmPostoMontrAmbnt", "frmPostoMontrAmbntAereo",
             "frmBaciaContn",        "frmPostoGasBatri",   "frmPostoGasCompr",
-            "frmPostoGasBomba",     "frmPostoMovmn",      "frmPostoAreaServc",
-            "frmPostoConsmAgua",    "frmPostoEflntLiqdo", "frmPostoResdu",
-            "frmPostoPrevnEmissAr", "frmPostoRuido",      "frmPostoPrevnAcidn",
-            "frmPostoEntrg",
+            "frmPostoGasBomba",     "frmPostoAreaServc",  "frmPostoConsmAgua",
+            "frmPostoEflntLiqdo",   "frmPostoResdu",      "frmPostoPrevnEmissAr",
+            "frmPostoRuido",        "frmPostoPrevnAcidn", "frmPostoEntrg",
         };
         QCOMPARE(missing, expected);
     }
