@@ -14,6 +14,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSqlQuery>
@@ -107,6 +108,8 @@ ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* par
         m_grids.push_back(grid);
         const int level = int(i);
         connect(grid, &QTableWidget::cellClicked, this, [this, level] { gridClicked(level); });
+        // A click beside the rows (an empty grid has nothing else) is a click in the grid too.
+        grid->viewport()->installEventFilter(this);
         connect(grid, &QTableWidget::cellDoubleClicked, this,
                 [this, level] { gridDoubleClicked(level); });
         // Mouse, keyboard or program: on a level with fixed rows, cmdAlterar and cmdExcluir
@@ -329,6 +332,27 @@ void ListScreen::updateButtons() {
         m_excluir->setEnabled(detailRows);
     }
     keepFixedRowShut();
+}
+
+bool ListScreen::eventFilter(QObject* watched, QEvent* event) {
+    const bool release = event->type() == QEvent::MouseButtonRelease;
+    const bool twice = event->type() == QEvent::MouseButtonDblClick;
+    if (release || twice) {
+        for (int level = 0; level < levelCount(); ++level) {
+            QTableWidget* g = grid(level);
+            if (watched != g->viewport())
+                continue;
+            const auto* mouse = static_cast<QMouseEvent*>(event);
+            if (g->indexAt(mouse->position().toPoint()).isValid())
+                break; // a row: the grid's own signals report it
+            if (release)
+                gridClicked(level);
+            else
+                gridDoubleClicked(level);
+            break;
+        }
+    }
+    return Screen::eventFilter(watched, event);
 }
 
 void ListScreen::gridClicked(int level) {
