@@ -1,5 +1,6 @@
 #include "fuel/ControlScreens.h"
 
+#include "fuel/Basins.h"
 #include "fuel/Leaks.h"
 #include "fuel/Movement.h"
 #include "fuel/Protection.h"
@@ -21,6 +22,7 @@ template <typename MakeList> void addList(const QString& name, MakeList makeList
 } // namespace
 
 void registerControlScreens() {
+    addList(QStringLiteral("frmBaciaContn"), [] { return basinList(); });
     addList(QStringLiteral("frmPostoMovmn"), [] { return movementList(); });
     ui::ScreenRegistry::instance().add(
         QStringLiteral("frmPostoContrEstq"),
