@@ -2,6 +2,7 @@
 
 #include "fuel/Basins.h"
 #include "fuel/Leaks.h"
+#include "fuel/Monitoring.h"
 #include "fuel/Movement.h"
 #include "fuel/Protection.h"
 #include "fuel/StockControl.h"
@@ -22,6 +23,10 @@ template <typename MakeList> void addList(const QString& name, MakeList makeList
 } // namespace
 
 void registerControlScreens() {
+    addList(QStringLiteral("frmPostoMontrAmbnt"),
+            [] { return monitoringList(undergroundMonitoring()); });
+    addList(QStringLiteral("frmPostoMontrAmbntAereo"),
+            [] { return monitoringList(abovegroundMonitoring()); });
     addList(QStringLiteral("frmBaciaContn"), [] { return basinList(); });
     addList(QStringLiteral("frmPostoMovmn"), [] { return movementList(); });
     ui::ScreenRegistry::instance().add(
