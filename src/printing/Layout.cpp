@@ -94,10 +94,13 @@ const Labels kOwner = {{"P", "Proprietário"}, {"D", "Distribuidora"}, {"O", "Ou
 const Labels kSituation = {{"A", "Em Uso"}, {"D", "Desativado"}};
 const Labels kIntegrityReport = {
     {"R", "Realizado"}, {"NR", "Não Realizado"}, {"ND", "Não Disponível"}};
-const Labels kYesNoLetter = {{"S", "Sim"}, {"N", "Não"}};
-const Labels kFrequency = {{"D", "Diária"}, {"S", "Semanal"},   {"Q", "Quinzenal"},
-                           {"M", "Mensal"}, {"B", "Bimestral"}, {"E", "Semestral"},
-                           {"A", "Anual"}};
+// The captions of a code list of the screens, which the memorial prints as they are offered.
+Labels listed(std::string_view list) {
+    Labels labels;
+    for (const store::Code& code : store::codeList(list))
+        labels.emplace_back(code.code.toString(), code.label);
+    return labels;
+}
 
 // The captions of a code list of the screens, where the memorial prints the same words.
 Labels listed(std::string_view list) {
@@ -296,14 +299,7 @@ Layout stockControl(std::string_view id, const Words& w) {
 }
 
 Layout leaks(std::string_view id, const Words& w) {
-    Labels places = {{"T", QString::fromUtf8(w.tank)},
-                     {"B", QString::fromUtf8(w.pump)},
-                     {"L", "Linha"},
-                     {"R", "Respiro"}};
-    if (w.underground)
-        places.emplace_back("V", "Válvula Extratora");
-    places.insert(places.end(),
-                  {{"F", "Filtro"}, {"C", "Boca de carregamento"}, {"O", "Outros Equipamentos"}});
+    const Labels places = listed(w.underground ? "ILOCAL.SUBTR" : "ILOCAL.AEREO");
     return {{{Section::Kind::Table,
               QStringLiteral("Histórico de Vazamento"),
               "TB_POSTOVAZMN",
@@ -326,10 +322,7 @@ Layout leaks(std::string_view id, const Words& w) {
 }
 
 Layout protection(std::string_view id, const Words& w) {
-    const Labels kinds =
-        w.underground
-            ? Labels{{"A", "Anodo de Sacrifício"}, {"C", "Corrente Impressa"}, {"O", "Outros"}}
-            : Labels{{"P", "Primer"}, {"R", "Primer e Resina Epoxi"}, {"O", "Outros"}};
+    const Labels kinds = listed(w.underground ? "IPROTC.SUBTR" : "IPROTC.AEREO");
     return {{{Section::Kind::Table,
               QString::fromUtf8(w.underground ? "Proteção Catódica" : "Proteção Contra Corrosão"),
               "TB_POSTOTANQU",
@@ -338,10 +331,10 @@ Layout protection(std::string_view id, const Words& w) {
               {
                   f(w.underground ? "Nº do Tanque" : "Nº do Reservatório", "NTANQU"),
                   f("Identificação", "NIDENT"),
-                  f("Possui Sistema de Proteção", "SSISTMPROTC", map(kYesNoLetter)),
+                  f("Possui Sistema de Proteção", "SSISTMPROTC", map(listed("SIMNAO"))),
                   f("Tipo de Proteção", "IPROTC", map(kinds)),
                   f("Descrição da Proteção", "DPROTC"),
-                  f("Frequência", "IFREQNMANTN", map(kFrequency)),
+                  f("Frequência", "IFREQNMANTN", map(listed("IFREQNMANTN"))),
                   f("Data da Última Manutenção", "AMANTNULTMA", date()),
               },
               {},

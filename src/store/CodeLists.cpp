@@ -16,6 +16,11 @@ Code number(int code, const char* label) {
     return {code, QString::fromUtf8(label)};
 }
 
+// Nothing stored: the unticked state of a box that stores a letter when ticked.
+Code none() {
+    return {QVariant(), QStringLiteral("Não")};
+}
+
 const std::map<std::string_view, CodeList>& lists() {
     static const std::map<std::string_view, CodeList> all = {
         // The owner of a tank, pump, battery, dispenser or compressor.
@@ -54,8 +59,10 @@ const std::map<std::string_view, CodeList>& lists() {
         // The corrosion protection of an underground tank, and of an aboveground one.
         {"IPROTC.SUBTR",
          {text("A", "Anodo de Sacrifício"), text("C", "Corrente Impressa"), text("O", "Outros")}},
+        // "Sem proteção" stores S, which the memorial prints back with this caption.
         {"IPROTC.AEREO",
-         {text("P", "Primer"), text("R", "Primer e Resina Epoxi"), text("O", "Outros")}},
+         {text("S", "Sem proteção"), text("P", "Primer"), text("R", "Primer e Resina Epoxi"),
+          text("O", "Outros")}},
         // The commerce and services of the establishment, by the number of their check box.
         {"NCOMRCSERVC",
          {
@@ -132,6 +139,36 @@ const std::map<std::string_view, CodeList>& lists() {
              number(46, "GASODUTO"),
              number(47, "OLEODUTO"),
          }},
+        // Where a leak was found, underground and aboveground.
+        {"ILOCAL.SUBTR",
+         {text("T", "Tanque"), text("B", "Bomba"), text("L", "Linha"), text("R", "Respiro"),
+          text("V", "Válvula Extratora"), text("F", "Filtro"), text("C", "Boca de carregamento"),
+          text("O", "Outros Equipamentos")}},
+        {"ILOCAL.AEREO",
+         {text("T", "Reservatório"), text("B", "Unidade de Abastecimento"), text("L", "Linha"),
+          text("R", "Respiro"), text("F", "Filtro"), text("C", "Boca de carregamento"),
+          text("O", "Outros Equipamentos")}},
+        // What was done about a leak and how far it went: the caption is what is stored.
+        {"DACAO",
+         {text("Substituição", "Substituição"), text("Desativação", "Desativação"),
+          text("Impermeabilização", "Impermeabilização"), text("Reparo", "Reparo")}},
+        {"DACAOSITCA",
+         {text("Finalizada", "Finalizada"), text("Em Andamento", "Em Andamento"),
+          text("Suspensa", "Suspensa"), text("Abandonada", "Abandonada")}},
+        // The lining of a containment basin; "Outros" stores the text typed for it instead.
+        {"IREVST",
+         {text("Concreto", "Concreto"), text("Manta", "Manta"),
+          text("Solo Natural", "Solo Natural"), text("Outros", "Outros")}},
+        // Yes and no as the numbers that a basin's drainage and a stock book's update store.
+        {"SDRENG", {number(-1, "Sim"), number(0, "Não")}},
+        {"SATULZ", {number(1, "Sim"), number(0, "Não")}},
+        // The ways of stock control: the letter when ticked, Null when not.
+        {"ICONTRESTQUREGUA", {text("R", "Régua"), none()}},
+        {"ICONTRESTQUHIDRL", {text("H", "Hidráulico"), none()}},
+        {"ICONTRESTQUELETR", {text("E", "Eletrônico"), none()}},
+        {"ICONTRESTQUPNEMT", {text("P", "Pneumático"), none()}},
+        {"ICONTRESTQUMAGNT", {text("M", "Magnético"), none()}},
+        {"ICONTRESTQUOUTRO", {text("O", "Outros"), none()}},
         // A distributor or a supplier.
         {"IDISTRFORNC", {text("D", "Distribuidora"), text("F", "Fornecedora")}},
         // The sources of water; the last is the total row that the program keeps, never typed.

@@ -5,11 +5,13 @@
 #include "ui/ErrorRoutine.h"
 #include "ui/FieldSet.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 
 namespace ui {
 
@@ -34,7 +36,8 @@ QList<QWidget*> EditScreen::watchedFields() const {
         if (qobject_cast<QLineEdit*>(w) && qobject_cast<QComboBox*>(w->parentWidget()))
             continue; // the edit inside an editable combo box: the box is the field
         if (qobject_cast<QLineEdit*>(w) || qobject_cast<QComboBox*>(w) ||
-            qobject_cast<QPlainTextEdit*>(w))
+            qobject_cast<QPlainTextEdit*>(w) || qobject_cast<QCheckBox*>(w) ||
+            qobject_cast<QRadioButton*>(w))
             fields << w;
     }
     return fields;
@@ -44,7 +47,17 @@ void EditScreen::watchFields() {
     for (QWidget* field : watchedFields()) {
         field->removeEventFilter(this);
         field->installEventFilter(this);
+        // A box or an option changes with a click or a key, without being left: the change
+        // check runs at once.
+        if (auto* button = qobject_cast<QAbstractButton*>(field))
+            connect(button, &QAbstractButton::toggled, this, &EditScreen::buttonToggled,
+                    Qt::UniqueConnection);
     }
+}
+
+void EditScreen::buttonToggled() {
+    if (m_snapshotTaken && !m_inLeaveCheck)
+        verifyChange();
 }
 
 QString EditScreen::composeSnapshot() const {

@@ -50,8 +50,8 @@ protected:
     // Where the watched fields are not looked for (the header band).
     virtual bool outsideFields(const QWidget* widget) const;
 
-    // The fields whose leaving runs leaveCheck and the change check: every line edit, combo box
-    // and text box of the screen, found when the screen is entered.
+    // The fields whose leaving runs leaveCheck and the change check: every line edit, combo box,
+    // text box, check box and option button of the screen, found when the screen is entered.
     QList<QWidget*> watchedFields() const;
     // Installs the leaving checks on the watched fields.
     void watchFields();
@@ -66,6 +66,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void buttonToggled();
     QString composeSnapshot() const;
     bool runLeaveCheck(QWidget* field);
 
