@@ -158,6 +158,14 @@ std::vector<std::string_view> Memorial::reports() const {
     return ids;
 }
 
+QString Memorial::body(std::string_view id) const {
+    for (const Part& part : m_parts) {
+        if (part.entry->id == id)
+            return part.html;
+    }
+    return {};
+}
+
 int Memorial::print(QPagedPaintDevice& device) const {
     device.setPageMargins(kPageMargins, QPageLayout::Millimeter);
     const double scaleX = device.logicalDpiX() / kLayoutDpi;
