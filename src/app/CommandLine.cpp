@@ -148,7 +148,8 @@ int runImport(const QString& path, const QString& directory) {
     importer.setRefusal([](const QString& message) { err() << message << Qt::endl; });
     try {
         const QStringList files = exchange::Importer::batchFiles(directory);
-        out() << "Cópia de segurança do banco anterior: " << importer.backup() << Qt::endl;
+        const QString backup = importer.backup();
+        out() << "Cópia de segurança do banco anterior: " << backup << Qt::endl;
         importer.wipe();
         int imported = 0;
         for (const QString& name : files) {
