@@ -110,29 +110,40 @@ Importer::Stopped::Stopped(QString message)
 
 Importer::Importer(store::Database& db)
     : m_db(db)
-    , m_readers(db, Source::JoinedFile) {
-    // A transaction per file would otherwise wait for the disk at every file. With a
-    // write-ahead log a commit is still atomic and a crash still loses no committed file, but
-    // the disk is synchronised at checkpoints rather than at each commit.
-    m_journalMode = m_db.scalar(QStringLiteral("PRAGMA journal_mode"));
-    m_synchronous = m_db.scalar(QStringLiteral("PRAGMA synchronous"));
-    m_db.scalar(QStringLiteral("PRAGMA journal_mode = WAL"));
-    m_db.run(QStringLiteral("PRAGMA synchronous = NORMAL"));
-    m_checkpoint = m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint"));
-    m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint = 16384"));
-}
+    , m_readers(db, Source::JoinedFile) {}
 
 Importer::~Importer() {
-    // PRAGMA takes no bound parameter; the values are those the database gave above.
+    if (!m_journalMode.isValid())
+        return;
+    // PRAGMA takes no bound parameter; the values are those the database gave before.
     try {
-        if (m_journalMode.isValid())
-            m_db.scalar(QStringLiteral("PRAGMA journal_mode = %1").arg(m_journalMode.toString()));
+        m_db.scalar(QStringLiteral("PRAGMA journal_mode = %1").arg(m_journalMode.toString()));
         if (m_checkpoint.isValid())
             m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint = %1").arg(m_checkpoint.toInt()));
         if (m_synchronous.isValid())
             m_db.run(QStringLiteral("PRAGMA synchronous = %1").arg(m_synchronous.toInt()));
     } catch (const store::Failure&) {
         // Left in the faster mode the database is as safe; nothing to tell the user.
+    }
+}
+
+void Importer::useFasterJournal() {
+    if (m_journalMode.isValid())
+        return;
+    // A transaction per file would otherwise wait for the disk at every file. With a
+    // write-ahead log a commit is still atomic and a crash still loses no committed file, but
+    // the disk is synchronised at checkpoints rather than at each commit. The switch is only
+    // an economy: a database that refuses it (read-only, or held by another program) is
+    // imported in its own mode, and its failures are told where they stop the batch.
+    try {
+        const QVariant journalMode = m_db.scalar(QStringLiteral("PRAGMA journal_mode"));
+        m_synchronous = m_db.scalar(QStringLiteral("PRAGMA synchronous"));
+        m_checkpoint = m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint"));
+        m_db.scalar(QStringLiteral("PRAGMA journal_mode = WAL"));
+        m_journalMode = journalMode;
+        m_db.run(QStringLiteral("PRAGMA synchronous = NORMAL"));
+        m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint = 16384"));
+    } catch (const store::Failure&) {
     }
 }
 
@@ -163,6 +174,8 @@ void Importer::wipe() {
         m_db.run(QStringLiteral("DELETE FROM \"%1\"")
                      .arg(QString::fromLatin1(table.data(), qsizetype(table.size()))));
     transaction.commit();
+    // Once the wipe holds, no other program is writing: the moment to change the journal.
+    useFasterJournal();
 }
 
 Importer::Summary Importer::run(const QString& directory) {
@@ -192,18 +205,16 @@ Importer::FileOutcome Importer::importFile(const QString& directory, const QStri
         throw Stopped(readFailureText(errno, path, file.errorString()));
     LineReader lines(bytes);
 
-    // The EMPRS row: the first line that is not its header. An empty line first ends the
-    // file's treatment with nothing read, and the file counts as handled.
+    // The EMPRS row: the first line that is neither empty nor its header. Empty lines come
+    // with a transfer in text mode, which doubles every line end.
     QString emprsLine;
     FieldTokeniser fields;
     while (true) {
-        if (lines.atEnd()) {
+        emprsLine = lines.nextLine();
+        if (emprsLine.isNull()) {
             refuse(emptyFileText(name));
             return FileOutcome::Refused;
         }
-        emprsLine = lines.nextRawLine();
-        if (emprsLine.isEmpty())
-            return FileOutcome::Imported;
         fields.reset(emprsLine);
         if (fields.next().trimmed() != sectionHeader(QStringLiteral("EMPRS")))
             break;

@@ -73,9 +73,12 @@ private:
     // The EMPRS row, then the rows of every section behind it, to the end of the file.
     void readRegister(LineReader& lines, const QString& emprsLine, const RowContext& context);
     void refuse(const QString& message);
+    // The journal of a batch; the database's own comes back with the destructor.
+    void useFasterJournal();
 
     store::Database& m_db;
-    QVariant m_journalMode; // the database's own, put back at the end of the batch
+    QVariant m_journalMode; // the database's own, put back at the end of the batch; invalid
+                            // while the batch has not changed it
     QVariant m_synchronous;
     QVariant m_checkpoint;
     Readers m_readers;

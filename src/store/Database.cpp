@@ -45,6 +45,9 @@ Database::Database(const QString& path)
 
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     db.setDatabaseName(path);
+    // Another program writing the file (a second copy of this one, a backup tool) is waited for
+    // this long before a statement gives up as "database is locked".
+    db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(kBusyTimeoutMs));
     if (!db.open()) {
         const QSqlError error = db.lastError();
         db = QSqlDatabase();

@@ -13,6 +13,7 @@ namespace store {
 class Database {
 public:
     static constexpr int kSchemaVersion = 2;
+    static constexpr int kBusyTimeoutMs = 5000;
 
     explicit Database(const QString& path);
     ~Database();

@@ -329,15 +329,30 @@ private slots:
             1000 - int(head.size()));
     }
 
-    void anEmptyLineFirstCountsAsHandledWithNothingRead() {
+    // Blank lines before the register's line, as a transfer in text mode leaves them (every
+    // line end doubled), are passed over: the register is read, never counted with nothing
+    // stored.
+    void blankLinesBeforeTheRegisterArePassedOver() {
         ImportBatch batch;
         QStringList lines = smallRegister(QStringLiteral("100"), QStringLiteral("3"), kCnpjA);
         lines.prepend(QString());
+        lines.prepend(QString());
         batch.write(joined(kCnpjA), lines);
+        QByteArray doubled;
+        for (const QString& l : smallRegister(QStringLiteral("200"), QStringLiteral("4"), kCnpjB))
+            doubled += l.toLatin1() + "\r\r\n";
+        batch.writeBytes(joined(kCnpjB), doubled);
+        batch.writeBytes(QStringLiteral("so_linhas_em_branco.txt"), "\r\n\r\r\n\r\n");
         const Importer::Summary summary = batch.run();
-        QCOMPARE(batch.refusals(), QStringList());
-        QCOMPARE(summary.imported, 1);
-        QCOMPARE(batch.count(QStringLiteral("EMPRS")), 0);
+        QCOMPARE(batch.refusals(),
+                 QStringList{emptyFileText(QStringLiteral("so_linhas_em_branco.txt"))});
+        QCOMPARE(summary.imported, 2);
+        QCOMPARE(batch
+                     .value(QStringLiteral("SELECT group_concat(NMUNCP || '/' || NSEQNC) FROM "
+                                           "(SELECT * FROM EMPRS ORDER BY NMUNCP)"))
+                     .toString(),
+                 QStringLiteral("100/3,200/4"));
+        QCOMPARE(batch.count(QStringLiteral("TB_POSTOCOMRCSERVC")), 2);
     }
 
     // A file is imported whole or not at all, and the batch goes on.
