@@ -1,5 +1,6 @@
 // The agency's import: the driver's checks and refusals, the readers of the joined file, the
 // backup and the wipe.
+#include "exchange/Cp1252.h"
 #include "exchange/Exporter.h"
 #include "exchange/Tokeniser.h"
 #include "support/ImportFixture.h"
@@ -103,6 +104,28 @@ private slots:
                  QStringLiteral("integer"));
         // The objective is the agency's own: the import leaves it.
         QCOMPARE(agency.count(QStringLiteral("TB_VORpMOVMN")), 0);
+    }
+
+    // The five bytes that Windows-1252 leaves undefined come back byte for byte: a register
+    // that holds them can be exported again.
+    void everyByteOfATextSurvivesTheRoundTrip() {
+        ImportBatch batch;
+        QByteArray file =
+            "[EMPRS]\r\n" +
+            exchange::cp1252::encode(emprsRow(QStringLiteral("100"), QStringLiteral("3"),
+                                              QStringLiteral("POSTO @"), kCnpjA))
+                .bytes +
+            "\r\n";
+        file.replace('@', QByteArray("\x81\x8d\x8f\x90\x9d"));
+        batch.writeBytes(joined(kCnpjA), file);
+        batch.run();
+        QCOMPARE(batch.refusals(), QStringList());
+
+        testsupport::TestEnvironment env;
+        const QString again = env.path(QStringLiteral("de-novo"));
+        QDir().mkpath(again);
+        const ExportResult sent = Exporter(batch.db()).run({100, 3}, again);
+        QVERIFY(readAll(sent.joinedPath).contains("\xACPOSTO \x81\x8d\x8f\x90\x9d\xAC"));
     }
 
     void theWipeEmptiesEveryRegisterTableAndKeepsTheRest() {
