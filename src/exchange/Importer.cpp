@@ -7,11 +7,14 @@
 #include "store/Backup.h"
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/RegisterKey.h"
 
 #include <QDir>
 #include <QFile>
+#include <QSqlQuery>
 #include <cerrno>
 #include <limits>
+#include <vector>
 
 namespace exchange {
 
@@ -67,6 +70,27 @@ QVariant keyValue(const QString& key) {
     return ok ? QVariant(number) : QVariant(key);
 }
 
+// The number for a register whose own is taken or out of the code's range: one above the
+// highest of the table, whatever the municipality, while that stays within the range; past it
+// the lowest number that no register uses. Nothing when every number is in use.
+std::optional<int> freeSequence(store::Database& db) {
+    const int next =
+        db.scalar(QStringLiteral("SELECT COALESCE(MAX(NSEQNC), 0) + 1 FROM EMPRS")).toInt();
+    if (next >= 1 && next <= store::kLastSequence)
+        return next;
+    std::vector<bool> used(store::kLastSequence + 1, false);
+    QSqlQuery rows = db.run(QStringLiteral("SELECT DISTINCT NSEQNC FROM EMPRS WHERE NSEQNC "
+                                           "BETWEEN 1 AND ?"),
+                            {store::kLastSequence});
+    while (rows.next())
+        used[std::size_t(rows.value(0).toInt())] = true;
+    for (int n = 1; n <= store::kLastSequence; ++n) {
+        if (!used[std::size_t(n)])
+            return n;
+    }
+    return std::nullopt;
+}
+
 bool companyRegistered(store::Database& db, const QString& key) {
     return db.scalar(QStringLiteral("SELECT CCGC FROM EMPRS WHERE CCGC = ?"), {keyValue(key)})
         .isValid();
@@ -97,6 +121,13 @@ QString fileKeyMismatchText(const QString& name, const QString& key) {
 
 QString emptyFileText(const QString& name) {
     return QStringLiteral("O Arquivo ") + name + QStringLiteral(" está vazio.");
+}
+
+QString noFreeSequenceText(const QString& name) {
+    return QStringLiteral("O Arquivo ") + name +
+           QStringLiteral(" não pode ser importado: todos os números de posto, de 1 a %1, já "
+                          "estão em uso.")
+               .arg(store::kLastSequence);
 }
 
 QString fileFailedText(const QString& name, const QString& detail) {
@@ -251,12 +282,18 @@ Importer::FileOutcome Importer::importFile(const QString& directory, const QStri
         refuse(registeredCompanyText(company, key));
         return FileOutcome::Refused;
     }
-    // A pair taken by an earlier file of the batch: the whole register gets the next
-    // sequence of the table, whatever its municipality.
-    if (m_db.scalar(QStringLiteral("SELECT 1 FROM EMPRS WHERE NMUNCP = ? AND NSEQNC = ?"),
+    // A pair taken by an earlier file of the batch, or a number that the code cannot show:
+    // the whole register gets a free number.
+    if (*nseqnc < 0 || *nseqnc > store::kLastSequence ||
+        m_db.scalar(QStringLiteral("SELECT 1 FROM EMPRS WHERE NMUNCP = ? AND NSEQNC = ?"),
                     {*nmuncp, *nseqnc})
-            .isValid())
-        nseqnc = m_db.scalar(QStringLiteral("SELECT MAX(NSEQNC) + 1 FROM EMPRS")).toInt();
+            .isValid()) {
+        nseqnc = freeSequence(m_db);
+        if (!nseqnc) {
+            refuse(noFreeSequenceText(name));
+            return FileOutcome::Refused;
+        }
+    }
 
     // The readers rebuild the file's name from the key; a file under another name is not
     // theirs to read.

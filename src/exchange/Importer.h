@@ -92,6 +92,8 @@ QString invalidCnpjText(const QString& name);
 QString registeredCompanyText(const QString& company, const QString& key);
 QString fileKeyMismatchText(const QString& name, const QString& key);
 QString emptyFileText(const QString& name);
+// A file whose register needs a new number when every number is in use.
+QString noFreeSequenceText(const QString& name);
 // A database failure inside a file: the file is left out whole.
 QString fileFailedText(const QString& name, const QString& detail);
 

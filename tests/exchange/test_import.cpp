@@ -262,6 +262,50 @@ private slots:
         QCOMPARE(batch.count(QStringLiteral("TB_POSTOCOMRCSERVC")), 3);
     }
 
+    // A register number stays within the four digits of the code: past 9999 a register gets
+    // the lowest number no register uses, and with none left its file is refused.
+    void aNewNumberStaysWithinTheCodesFourDigits() {
+        ImportBatch batch;
+        // In the order of the directory: B first.
+        batch.write(joined(kCnpjA),
+                    smallRegister(QStringLiteral("100"), QStringLiteral("9999"), kCnpjA));
+        batch.write(joined(kCnpjB),
+                    smallRegister(QStringLiteral("100"), QStringLiteral("9999"), kCnpjB));
+        // A number the code cannot show is no number of the station's own either.
+        batch.write(joined(kCnpjC),
+                    smallRegister(QStringLiteral("200"), QStringLiteral("32767"), kCnpjC));
+        const Importer::Summary summary = batch.run();
+        QCOMPARE(batch.refusals(), QStringList());
+        QCOMPARE(summary.imported, 3);
+        QCOMPARE(batch
+                     .value(QStringLiteral("SELECT group_concat(NMUNCP || '/' || NSEQNC || '/' || "
+                                           "CCGC) FROM (SELECT * FROM EMPRS ORDER BY CCGC)"))
+                     .toString(),
+                 QStringLiteral("100/9999/11222333000181,100/1/12345678000195,"
+                                "200/2/44556677000186"));
+        QCOMPARE(batch
+                     .value(QStringLiteral("SELECT group_concat(NSEQNC) FROM (SELECT * FROM "
+                                           "TB_POSTOCOMRCSERVC ORDER BY NSEQNC)"))
+                     .toString(),
+                 QStringLiteral("1,2,9999"));
+
+        // Every number in use: the file cannot be given one.
+        batch.db().run(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+                                      "FROM n WHERE i < 9999) INSERT OR IGNORE INTO EMPRS "
+                                      "(NMUNCP, NSEQNC, CCGC) SELECT 300, i, i FROM n"));
+        const QString full = QStringLiteral("REUNIDO_33000167000101.TXT");
+        batch.write(full, smallRegister(QStringLiteral("300"), QStringLiteral("5"),
+                                        QStringLiteral("33000167000101")));
+        QStringList refusals;
+        Importer importer(batch.db());
+        importer.setRefusal([&](const QString& message) { refusals << message; });
+        QCOMPARE(importer.importFile(batch.directory(), full), Importer::FileOutcome::Refused);
+        QCOMPARE(refusals, QStringList{QStringLiteral(
+                               "O Arquivo REUNIDO_33000167000101.TXT não pode ser importado: "
+                               "todos os números de posto, de 1 a 9999, já estão em uso.")});
+        QCOMPARE(batch.count(QStringLiteral("EMPRS")), 9999 + 3);
+    }
+
     void rowsTakeTheDriversKeyAndTheCreationDate() {
         ImportBatch batch;
         batch.write(
