@@ -200,11 +200,17 @@ QString Importer::backup() {
 }
 
 void Importer::wipe() {
-    store::Transaction transaction(m_db);
-    for (std::string_view table : store::registerDeleteOrder())
-        m_db.run(QStringLiteral("DELETE FROM \"%1\"")
-                     .arg(QString::fromLatin1(table.data(), qsizetype(table.size()))));
-    transaction.commit();
+    try {
+        store::Transaction transaction(m_db);
+        for (std::string_view table : store::registerDeleteOrder())
+            m_db.run(QStringLiteral("DELETE FROM \"%1\"")
+                         .arg(QString::fromLatin1(table.data(), qsizetype(table.size()))));
+        transaction.commit();
+    } catch (const store::Failure& failure) {
+        if (failure.diskFull())
+            throw Stopped(kDiskFullText);
+        throw;
+    }
     // Once the wipe holds, no other program is writing: the moment to change the journal.
     useFasterJournal();
 }
@@ -315,6 +321,9 @@ Importer::FileOutcome Importer::importFile(const QString& directory, const QStri
         refuse(corruptFileText(name));
         return FileOutcome::Refused;
     } catch (const store::Failure& failure) {
+        // A full disk fails every file behind this one as well: the batch ends here.
+        if (failure.diskFull())
+            throw Stopped(kDiskFullText);
         refuse(fileFailedText(name, failure.fromDatabase() ? store::databaseErrorText(failure)
                                                            : failure.description()));
         return FileOutcome::Refused;

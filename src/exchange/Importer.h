@@ -24,7 +24,7 @@ public:
     // The bar of the file in hand: one step per section entered, out of `steps`.
     using Progress = std::function<void(int step, int steps)>;
 
-    // What stops the whole batch: the directory or a file that cannot be read.
+    // What stops the whole batch: the directory or a file that cannot be read, a full disk.
     class Stopped : public std::runtime_error {
     public:
         explicit Stopped(QString message);
@@ -57,11 +57,12 @@ public:
     static QStringList batchFiles(const QString& directory);
 
     // Backup, wipe, then every file of the directory. Throws Stopped when a file cannot be
-    // read (the batch ends there) and store::Failure when the backup or the wipe fails (then
-    // the database is as it was).
+    // read or the disk is full (the batch ends there; the files before stay imported) and
+    // store::Failure when the backup or the wipe fails (then the database is as it was).
     Summary run(const QString& directory);
 
-    // The steps of run(), for callers that show them one by one.
+    // The steps of run(), for callers that show them one by one. wipe() and importFile()
+    // throw Stopped on a full disk.
     QString backup();
     void wipe();
     FileOutcome importFile(const QString& directory, const QString& name);

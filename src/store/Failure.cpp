@@ -36,6 +36,11 @@ Failure Failure::fromSql(const QSqlError& error, const QString& statement) {
     return failure;
 }
 
+bool Failure::diskFull() const {
+    constexpr int kSqliteFull = 13;
+    return fromDatabase() && m_number == kSqliteFull;
+}
+
 Failure Failure::other(int number, const QString& description) {
     return Failure(Kind::NotDatabase, number, QString(), description);
 }

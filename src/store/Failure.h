@@ -28,6 +28,8 @@ public:
 
     Kind kind() const { return m_kind; }
     bool fromDatabase() const { return m_kind != Kind::NotDatabase; }
+    // The engine found no room on the disk for what it had to write.
+    bool diskFull() const;
     int number() const { return m_number; }
     const QString& source() const { return m_source; }
     const QString& description() const { return m_description; }

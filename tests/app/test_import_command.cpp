@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTest>
@@ -198,6 +199,65 @@ private slots:
                                           "CSITU) FROM EMPRS"))
                      .toString(),
                  QStringLiteral("35/12/1"));
+    }
+
+    // A disk that fills up ends the batch with the driver's message and a failing exit:
+    // during the wipe, which then leaves every register, or during a file, which leaves the
+    // files before it imported and nothing of itself.
+    void aFullDiskEndsTheBatchAndTheCommandFails_data() {
+        QTest::addColumn<int>("roomKib");
+        QTest::addColumn<int>("registers");
+        QTest::addColumn<int>("businesses");
+        QTest::newRow("during the wipe") << 128 << 1 << 0;
+        QTest::newRow("during a file") << 768 << 1 << 0;
+    }
+
+    void aFullDiskEndsTheBatchAndTheCommandFails() {
+        QFETCH(int, roomKib);
+        QFETCH(int, registers);
+        QFETCH(int, businesses);
+        Batch batch;
+        // Behind the exported register, one too big for the room left.
+        QByteArray big = "[EMPRS]\r\n35\xAC"
+                         "13\xACNull\xACPosto Grande";
+        for (int i = 0; i < 8; ++i)
+            big += "\xACNull";
+        big += "\xAC"
+               "44556677000186\xACNull\xACNull\xACNull\xACNull\xACNull\xAC"
+               "14/03/2003\r\n[TB_POSTOCOMRCSERVC]\r\n";
+        for (int i = 1; i <= 40000; ++i)
+            big += "35\xAC"
+                   "13\xAC"
+                   "14/03/2003\xAC" +
+                   QByteArray::number(i) + "\xACLoja de conveni\xEAncia n\xFAmero " +
+                   QByteArray::number(i) + "\r\n";
+        writeFile(batch.dir + QStringLiteral("/REUNIDO_44556677000186.TXT"), big);
+
+        // The database and its backup on a file system with little room beside them; what it
+        // holds afterwards is read there, as the file system ends with the run.
+        const QString small = batch.env.path(QStringLiteral("cheio"));
+        QDir().mkpath(small);
+        const qint64 size = QFileInfo(batch.agency).size() * 2 / 1024 + roomKib;
+        const std::optional<Run> run = testsupport::runInMountNamespace(
+            QStringLiteral("mount -t tmpfs -o size=%1k tmpfs \"$1\" && cp \"$2\" \"$1/agencia.db\" "
+                           "|| exit 99\n"
+                           "\"$0\" import --database \"$1/agencia.db\" --yes \"$3\"; rc=$?\n"
+                           "\"$0\" summary --database \"$1/agencia.db\"\n"
+                           "exit $rc")
+                .arg(size),
+            {small, batch.agency, batch.dir});
+        if (!run)
+            QSKIP("no mount namespace for a small file system here");
+        QVERIFY2(!run->crashed, qPrintable(run->err));
+        QCOMPARE(run->exitCode, 1);
+        QCOMPARE(run->err, QStringLiteral("vor import: Espaço na unidade especificada como "
+                                          "destino é insuficiente.\n"));
+        QVERIFY2(run->out.contains(
+                     QRegularExpression(QStringLiteral("EMPRS +%1 linhas").arg(registers))),
+                 qPrintable(run->out));
+        QVERIFY2(run->out.contains(QRegularExpression(
+                     QStringLiteral("TB_POSTOCOMRCSERVC +%1 linhas").arg(businesses))),
+                 qPrintable(run->out));
     }
 
     void refusesToRunWithoutItsArgumentsOrFiles() {

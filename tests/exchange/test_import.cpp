@@ -443,6 +443,35 @@ private slots:
         QCOMPARE(batch.count(QStringLiteral("TB_POSTOCOMRCSERVC")), 1);
     }
 
+    // A full disk ends the batch with the driver's message: the files before it stay, nothing
+    // of the file in hand is kept, and no later file is tried.
+    void aFullDiskEndsTheBatch() {
+        ImportBatch batch;
+        batch.write(joined(kCnpjB),
+                    smallRegister(QStringLiteral("100"), QStringLiteral("1"), kCnpjB));
+        QStringList big = smallRegister(QStringLiteral("100"), QStringLiteral("2"), kCnpjA);
+        for (int i = 10; i < 3000; ++i)
+            big << line({QStringLiteral("100"), QStringLiteral("2"), QStringLiteral("14/03/2003"),
+                         QString::number(i), QStringLiteral("Loja de conveniência %1").arg(i)});
+        batch.write(joined(kCnpjA), big);
+        batch.write(joined(kCnpjC),
+                    smallRegister(QStringLiteral("100"), QStringLiteral("3"), kCnpjC));
+        // The database may not grow: as on a disk without room, the engine reports it full.
+        batch.db().run(QStringLiteral("PRAGMA max_page_count = %1")
+                           .arg(batch.value(QStringLiteral("PRAGMA page_count")).toInt()));
+        try {
+            batch.run();
+            QFAIL("the batch went on past a full disk");
+        } catch (const Importer::Stopped& stopped) {
+            QCOMPARE(stopped.message(),
+                     QStringLiteral("Espaço na unidade especificada como destino é insuficiente."));
+        }
+        QCOMPARE(batch.refusals(), QStringList());
+        QCOMPARE(batch.value(QStringLiteral("SELECT group_concat(CCGC) FROM EMPRS")).toString(),
+                 kCnpjB);
+        QCOMPARE(batch.count(QStringLiteral("TB_POSTOCOMRCSERVC")), 1);
+    }
+
     void decimalsAndDates_data() {
         QTest::addColumn<QString>("field");
         QTest::addColumn<int>("type");
