@@ -17,6 +17,7 @@
 #include "store/Failure.h"
 #include "store/RegisterKey.h"
 #include "store/TableCatalogue.h"
+#include "ui/Dialogs.h"
 #include "ui/ErrorRoutine.h"
 
 #include <QApplication>
@@ -252,7 +253,15 @@ int runDesktop(int argc, char* argv[]) {
     reportIncoming(takeIncomingDatabase(path), path);
 
     std::unique_ptr<store::Database> db;
-    if (!ui::runGuarded([&] { db = std::make_unique<store::Database>(path); }))
+    const bool opened = ui::runGuarded([&] {
+        // No number to note down here: the user needs the newer program, not the support desk.
+        try {
+            db = std::make_unique<store::Database>(path);
+        } catch (const store::NewerSchema& newer) {
+            ui::dialogs().message(ui::kTitle, newer.description(), ui::Icon::Critical);
+        }
+    });
+    if (!opened || !db)
         return 1;
 
     // A failed date check does not skip the screen check: the user learns of both.

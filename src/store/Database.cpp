@@ -120,7 +120,11 @@ void Database::rollback() {
 
 void Database::migrate() {
     const int from = userVersion();
-    if (from >= kSchemaVersion)
+    // Tables this program does not know would outlive its wipe and its register delete, and
+    // their rows would attach to the next register of the same key.
+    if (from > kSchemaVersion)
+        throw NewerSchema(QDir::toNativeSeparators(m_path), from, kSchemaVersion);
+    if (from == kSchemaVersion)
         return;
     Transaction transaction(*this);
     for (int v = from; v < kSchemaVersion; ++v)

@@ -43,6 +43,13 @@ private:
     QString m_statement;
 };
 
+// A database written by a newer release of the program: its tables may hold what this one does
+// not know, so it is not opened at all. The description names both versions.
+class NewerSchema : public Failure {
+public:
+    NewerSchema(const QString& path, int found, int known);
+};
+
 // The source named in messages for failures of the database engine.
 inline constexpr auto kEngineSource = "SQLite";
 

@@ -168,6 +168,38 @@ private slots:
                  12345678000195LL);
     }
 
+    // A database of a newer release is not opened, and not touched: its tables may hold
+    // what this program would leave behind in a wipe.
+    void aDatabaseOfANewerSchemaIsRefused() {
+        testsupport::TestEnvironment env;
+        const QString path = env.newDatabasePath();
+        {
+            store::Database db(path);
+            db.run(QStringLiteral("CREATE TABLE TB_POSTONOVA (NMUNCP INTEGER, NSEQNC INTEGER)"));
+            db.run(QStringLiteral("PRAGMA user_version = %1")
+                       .arg(store::Database::kSchemaVersion + 1));
+        }
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray before = file.readAll();
+        file.close();
+        try {
+            store::Database db(path);
+            QFAIL("a database of a newer schema was opened");
+        } catch (const store::NewerSchema& newer) {
+            QCOMPARE(newer.description(),
+                     QStringLiteral("O banco de dados %1 é da versão %2, gravada por uma versão "
+                                    "mais nova do programa; esta versão conhece os bancos até a "
+                                    "versão %3. Use a versão mais nova do programa com este "
+                                    "banco de dados.")
+                         .arg(path)
+                         .arg(store::Database::kSchemaVersion + 1)
+                         .arg(store::Database::kSchemaVersion));
+        }
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), before);
+    }
+
     void valuesAreBoundNeverSpliced() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
