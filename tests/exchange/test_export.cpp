@@ -2,6 +2,7 @@
 #include "exchange/ExportFailure.h"
 #include "exchange/Exporter.h"
 #include "store/Database.h"
+#include "store/Failure.h"
 #include "support/TestEnvironment.h"
 
 #include <QDir>
@@ -262,6 +263,37 @@ private slots:
         QCOMPARE(entries(dir).filter(QStringLiteral(".TXT")),
                  QStringList{QStringLiteral("REUNIDO_12345678000195.TXT")});
         QCOMPARE(readAll(joined), QByteArray("earlier export\r\n"));
+        QCOMPARE(csitu(db, kFull).toInt(), 1);
+    }
+
+    // A status that cannot be written fails the export whole: no joined file is left for a
+    // register the user is told was not exported.
+    void aStatusThatCannotBeWrittenLeavesNoFile() {
+        testsupport::TestEnvironment env;
+        store::Database db(env.newDatabasePath());
+        load(db, QStringLiteral("full_register.sql"));
+        db.run(QStringLiteral("CREATE TRIGGER situacao_presa BEFORE UPDATE OF CSITU ON EMPRS "
+                              "BEGIN SELECT RAISE(ABORT, 'situação presa'); END"));
+        const QString dir = env.path(QStringLiteral("out"));
+        QDir().mkpath(dir);
+        try {
+            Exporter(db).run(kFull, dir);
+            QFAIL("the export went through");
+        } catch (const store::Failure& failure) {
+            QCOMPARE(failure.description(), QStringLiteral("situação presa"));
+        }
+        QCOMPARE(entries(dir), QStringList());
+        QCOMPARE(csitu(db, kFull).toInt(), 1);
+
+        // The status stays with the file when the file fails.
+        db.run(QStringLiteral("DROP TRIGGER situacao_presa"));
+        Exporter exporter(db);
+        exporter.setDeviceFactory([&](const QString& path) -> std::unique_ptr<QIODevice> {
+            return std::make_unique<FillingFile>(
+                path, path.endsWith(QStringLiteral(".part")) ? 20 : 1 << 20);
+        });
+        QVERIFY_THROWS_EXCEPTION(ExportFailure, exporter.run(kFull, dir));
+        QCOMPARE(entries(dir), QStringList());
         QCOMPARE(csitu(db, kFull).toInt(), 1);
     }
 
