@@ -152,6 +152,9 @@ QStringList Exporter::dumpTables(const store::RegisterKey& key, const QString& d
     } catch (const UnencodableText& text) {
         removeAll(written);
         throw ExportFailure(ExportFailure::Reason::Unencodable, text.message());
+    } catch (const UnreadableRecord& record) {
+        removeAll(written);
+        throw ExportFailure(ExportFailure::Reason::Unencodable, record.message(key.code()));
     } catch (...) {
         removeAll(written);
         throw;
