@@ -21,6 +21,7 @@
 #include "store/PrivateFiles.h"
 #include "store/RegisterKey.h"
 #include "store/TableCatalogue.h"
+#include "ui/Dialogs.h"
 #include "ui/ErrorRoutine.h"
 
 #include <QApplication>
@@ -155,7 +156,8 @@ int runImport(const QString& path, const QString& directory) {
     importer.setRefusal([](const QString& message) { err() << message << Qt::endl; });
     try {
         const QStringList files = exchange::Importer::batchFiles(directory);
-        out() << "Cópia de segurança do banco anterior: " << importer.backup() << Qt::endl;
+        const QString backup = importer.backup();
+        out() << "Cópia de segurança do banco anterior: " << backup << Qt::endl;
         importer.wipe();
         int imported = 0;
         for (const QString& name : files) {
@@ -272,7 +274,15 @@ int runDesktop(int argc, char* argv[]) {
     reportIncoming(takeIncomingDatabase(path), path);
 
     std::unique_ptr<store::Database> db;
-    if (!ui::runGuarded([&] { db = std::make_unique<store::Database>(path); }))
+    const bool opened = ui::runGuarded([&] {
+        // No number to note down here: the user needs the newer program, not the support desk.
+        try {
+            db = std::make_unique<store::Database>(path);
+        } catch (const store::NewerSchema& newer) {
+            ui::dialogs().message(ui::kTitle, newer.description(), ui::Icon::Critical);
+        }
+    });
+    if (!opened || !db)
         return 1;
 
     // A failed date check does not skip the screen check: the user learns of both.

@@ -9,8 +9,9 @@
 // is reported, never turned silently into something else.
 namespace exchange::cp1252 {
 
-// The unicode character of each byte; U+FFFD for the five bytes that the code page leaves
-// undefined (0x81, 0x8D, 0x8F, 0x90, 0x9D).
+// The unicode character of each byte; for the five bytes that the code page leaves undefined
+// (0x81, 0x8D, 0x8F, 0x90, 0x9D) the control character of the same number. Every byte has a
+// character and comes back from it.
 char16_t toUnicode(unsigned char byte);
 
 // The byte of a character, or -1 when the code page has none for it.
@@ -29,9 +30,6 @@ EncodeResult encode(QStringView text);
 
 struct DecodeResult {
     QString text;
-    // Offset of the first byte that the code page does not define, or -1.
-    qsizetype firstUndefined = -1;
-    bool ok() const { return firstUndefined < 0; }
 };
 
 DecodeResult decode(QByteArrayView bytes);

@@ -13,7 +13,7 @@ public:
         DiskFull,       // no space left on the target
         WriteProtected, // no permission to write, a read-only medium
         NoRegister,     // the register is not in the database
-        Unencodable,    // a text that the exchange file cannot hold
+        Unencodable,    // a value that the exchange file cannot hold or carry back
         Other,          // any other failure of the file system
     };
 

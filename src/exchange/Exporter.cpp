@@ -4,6 +4,7 @@
 #include "exchange/Record.h"
 #include "exchange/Tokeniser.h"
 #include "store/Database.h"
+#include "store/Failure.h"
 #include "store/PrivateFiles.h"
 
 #include <QDir>
@@ -153,6 +154,9 @@ QStringList Exporter::dumpTables(const store::RegisterKey& key, const QString& d
     } catch (const UnencodableText& text) {
         removeAll(written);
         throw ExportFailure(ExportFailure::Reason::Unencodable, text.message());
+    } catch (const UnreadableRecord& record) {
+        removeAll(written);
+        throw ExportFailure(ExportFailure::Reason::Unencodable, record.message(key.code()));
     } catch (...) {
         removeAll(written);
         throw;
@@ -205,17 +209,25 @@ ExportResult Exporter::run(const store::RegisterKey& key, const QString& directo
     result.joinedPath = filePath(directory, joinedFileName(result.fileKey));
 
     const QStringList written = dumpTables(key, directory, Purpose::RegisterExport);
+    // The file and the status succeed or fail together: the status is written first, the file
+    // then moves into place, and only then does the status last. A failure of the last step
+    // takes the file away again.
+    bool inPlace = false;
     try {
+        store::Transaction transaction(m_db);
+        // Only forward: a register sent already stays sent.
+        m_db.run(QStringLiteral(
+                     "UPDATE EMPRS SET CSITU = 2 WHERE NMUNCP = ? AND NSEQNC = ? AND CSITU < 2"),
+                 {key.nmuncp, key.nseqnc});
         join(directory, result.fileKey, result.joinedPath);
+        inPlace = true;
+        transaction.commit();
     } catch (...) {
         removeAll(written);
+        if (inPlace)
+            QFile::remove(result.joinedPath);
         throw;
     }
-
-    // Only forward: a register sent already stays sent.
-    m_db.run(
-        QStringLiteral("UPDATE EMPRS SET CSITU = 2 WHERE NMUNCP = ? AND NSEQNC = ? AND CSITU < 2"),
-        {key.nmuncp, key.nseqnc});
     result.csitu = m_db.scalar(QStringLiteral("SELECT CSITU FROM EMPRS WHERE NMUNCP = ? AND "
                                               "NSEQNC = ?"),
                                {key.nmuncp, key.nseqnc});

@@ -29,8 +29,9 @@ struct ExportResult {
 // directory, then all of them joined into REUNIDO_<key>.TXT and deleted, then the register's
 // status moved to "exported" when it was below. The joined file is written under a temporary
 // name and renamed into place, so that a failure never leaves half a file under the real name,
-// and a failure removes whatever this export had written. Failures are thrown: ExportFailure
-// for the files and the register, store::Failure for the database.
+// and a failure removes whatever this export had written. File and status succeed or fail
+// together: a register reported as not exported has no joined file from this export. Failures are
+// thrown: ExportFailure for the files and the register, store::Failure for the database.
 class Exporter {
 public:
     // Called once per table in the order of the joined file: step 1 to tableSteps().

@@ -7,11 +7,14 @@
 #include "store/Backup.h"
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/RegisterKey.h"
 
 #include <QDir>
 #include <QFile>
+#include <QSqlQuery>
 #include <cerrno>
 #include <limits>
+#include <vector>
 
 namespace exchange {
 
@@ -67,6 +70,27 @@ QVariant keyValue(const QString& key) {
     return ok ? QVariant(number) : QVariant(key);
 }
 
+// The number for a register whose own is taken or out of the code's range: one above the
+// highest of the table, whatever the municipality, while that stays within the range; past it
+// the lowest number that no register uses. Nothing when every number is in use.
+std::optional<int> freeSequence(store::Database& db) {
+    const int next =
+        db.scalar(QStringLiteral("SELECT COALESCE(MAX(NSEQNC), 0) + 1 FROM EMPRS")).toInt();
+    if (next >= 1 && next <= store::kLastSequence)
+        return next;
+    std::vector<bool> used(store::kLastSequence + 1, false);
+    QSqlQuery rows = db.run(QStringLiteral("SELECT DISTINCT NSEQNC FROM EMPRS WHERE NSEQNC "
+                                           "BETWEEN 1 AND ?"),
+                            {store::kLastSequence});
+    while (rows.next())
+        used[std::size_t(rows.value(0).toInt())] = true;
+    for (int n = 1; n <= store::kLastSequence; ++n) {
+        if (!used[std::size_t(n)])
+            return n;
+    }
+    return std::nullopt;
+}
+
 bool companyRegistered(store::Database& db, const QString& key) {
     return db.scalar(QStringLiteral("SELECT CCGC FROM EMPRS WHERE CCGC = ?"), {keyValue(key)})
         .isValid();
@@ -99,6 +123,13 @@ QString emptyFileText(const QString& name) {
     return QStringLiteral("O Arquivo ") + name + QStringLiteral(" está vazio.");
 }
 
+QString noFreeSequenceText(const QString& name) {
+    return QStringLiteral("O Arquivo ") + name +
+           QStringLiteral(" não pode ser importado: todos os números de posto, de 1 a %1, já "
+                          "estão em uso.")
+               .arg(store::kLastSequence);
+}
+
 QString fileFailedText(const QString& name, const QString& detail) {
     return QStringLiteral("O Arquivo ") + name +
            QStringLiteral(" não foi importado; nada dele foi gravado.\n\n") + detail;
@@ -110,29 +141,40 @@ Importer::Stopped::Stopped(QString message)
 
 Importer::Importer(store::Database& db)
     : m_db(db)
-    , m_readers(db, Source::JoinedFile) {
-    // A transaction per file would otherwise wait for the disk at every file. With a
-    // write-ahead log a commit is still atomic and a crash still loses no committed file, but
-    // the disk is synchronised at checkpoints rather than at each commit.
-    m_journalMode = m_db.scalar(QStringLiteral("PRAGMA journal_mode"));
-    m_synchronous = m_db.scalar(QStringLiteral("PRAGMA synchronous"));
-    m_db.scalar(QStringLiteral("PRAGMA journal_mode = WAL"));
-    m_db.run(QStringLiteral("PRAGMA synchronous = NORMAL"));
-    m_checkpoint = m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint"));
-    m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint = 16384"));
-}
+    , m_readers(db, Source::JoinedFile) {}
 
 Importer::~Importer() {
-    // PRAGMA takes no bound parameter; the values are those the database gave above.
+    if (!m_journalMode.isValid())
+        return;
+    // PRAGMA takes no bound parameter; the values are those the database gave before.
     try {
-        if (m_journalMode.isValid())
-            m_db.scalar(QStringLiteral("PRAGMA journal_mode = %1").arg(m_journalMode.toString()));
+        m_db.scalar(QStringLiteral("PRAGMA journal_mode = %1").arg(m_journalMode.toString()));
         if (m_checkpoint.isValid())
             m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint = %1").arg(m_checkpoint.toInt()));
         if (m_synchronous.isValid())
             m_db.run(QStringLiteral("PRAGMA synchronous = %1").arg(m_synchronous.toInt()));
     } catch (const store::Failure&) {
         // Left in the faster mode the database is as safe; nothing to tell the user.
+    }
+}
+
+void Importer::useFasterJournal() {
+    if (m_journalMode.isValid())
+        return;
+    // A transaction per file would otherwise wait for the disk at every file. With a
+    // write-ahead log a commit is still atomic and a crash still loses no committed file, but
+    // the disk is synchronised at checkpoints rather than at each commit. The switch is only
+    // an economy: a database that refuses it (read-only, or held by another program) is
+    // imported in its own mode, and its failures are told where they stop the batch.
+    try {
+        const QVariant journalMode = m_db.scalar(QStringLiteral("PRAGMA journal_mode"));
+        m_synchronous = m_db.scalar(QStringLiteral("PRAGMA synchronous"));
+        m_checkpoint = m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint"));
+        m_db.scalar(QStringLiteral("PRAGMA journal_mode = WAL"));
+        m_journalMode = journalMode;
+        m_db.run(QStringLiteral("PRAGMA synchronous = NORMAL"));
+        m_db.scalar(QStringLiteral("PRAGMA wal_autocheckpoint = 16384"));
+    } catch (const store::Failure&) {
     }
 }
 
@@ -158,11 +200,19 @@ QString Importer::backup() {
 }
 
 void Importer::wipe() {
-    store::Transaction transaction(m_db);
-    for (std::string_view table : store::registerDeleteOrder())
-        m_db.run(QStringLiteral("DELETE FROM \"%1\"")
-                     .arg(QString::fromLatin1(table.data(), qsizetype(table.size()))));
-    transaction.commit();
+    try {
+        store::Transaction transaction(m_db);
+        for (std::string_view table : store::registerDeleteOrder())
+            m_db.run(QStringLiteral("DELETE FROM \"%1\"")
+                         .arg(QString::fromLatin1(table.data(), qsizetype(table.size()))));
+        transaction.commit();
+    } catch (const store::Failure& failure) {
+        if (failure.diskFull())
+            throw Stopped(kDiskFullText);
+        throw;
+    }
+    // Once the wipe holds, no other program is writing: the moment to change the journal.
+    useFasterJournal();
 }
 
 Importer::Summary Importer::run(const QString& directory) {
@@ -192,18 +242,16 @@ Importer::FileOutcome Importer::importFile(const QString& directory, const QStri
         throw Stopped(readFailureText(errno, path, file.errorString()));
     LineReader lines(bytes);
 
-    // The EMPRS row: the first line that is not its header. An empty line first ends the
-    // file's treatment with nothing read, and the file counts as handled.
+    // The EMPRS row: the first line that is neither empty nor its header. Empty lines come
+    // with a transfer in text mode, which doubles every line end.
     QString emprsLine;
     FieldTokeniser fields;
     while (true) {
-        if (lines.atEnd()) {
+        emprsLine = lines.nextLine();
+        if (emprsLine.isNull()) {
             refuse(emptyFileText(name));
             return FileOutcome::Refused;
         }
-        emprsLine = lines.nextRawLine();
-        if (emprsLine.isEmpty())
-            return FileOutcome::Imported;
         fields.reset(emprsLine);
         if (fields.next().trimmed() != sectionHeader(QStringLiteral("EMPRS")))
             break;
@@ -240,12 +288,18 @@ Importer::FileOutcome Importer::importFile(const QString& directory, const QStri
         refuse(registeredCompanyText(company, key));
         return FileOutcome::Refused;
     }
-    // A pair taken by an earlier file of the batch: the whole register gets the next
-    // sequence of the table, whatever its municipality.
-    if (m_db.scalar(QStringLiteral("SELECT 1 FROM EMPRS WHERE NMUNCP = ? AND NSEQNC = ?"),
+    // A pair taken by an earlier file of the batch, or a number that the code cannot show:
+    // the whole register gets a free number.
+    if (*nseqnc < 0 || *nseqnc > store::kLastSequence ||
+        m_db.scalar(QStringLiteral("SELECT 1 FROM EMPRS WHERE NMUNCP = ? AND NSEQNC = ?"),
                     {*nmuncp, *nseqnc})
-            .isValid())
-        nseqnc = m_db.scalar(QStringLiteral("SELECT MAX(NSEQNC) + 1 FROM EMPRS")).toInt();
+            .isValid()) {
+        nseqnc = freeSequence(m_db);
+        if (!nseqnc) {
+            refuse(noFreeSequenceText(name));
+            return FileOutcome::Refused;
+        }
+    }
 
     // The readers rebuild the file's name from the key; a file under another name is not
     // theirs to read.
@@ -267,6 +321,9 @@ Importer::FileOutcome Importer::importFile(const QString& directory, const QStri
         refuse(corruptFileText(name));
         return FileOutcome::Refused;
     } catch (const store::Failure& failure) {
+        // A full disk fails every file behind this one as well: the batch ends here.
+        if (failure.diskFull())
+            throw Stopped(kDiskFullText);
         refuse(fileFailedText(name, failure.fromDatabase() ? store::databaseErrorText(failure)
                                                            : failure.description()));
         return FileOutcome::Refused;

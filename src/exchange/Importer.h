@@ -24,7 +24,7 @@ public:
     // The bar of the file in hand: one step per section entered, out of `steps`.
     using Progress = std::function<void(int step, int steps)>;
 
-    // What stops the whole batch: the directory or a file that cannot be read.
+    // What stops the whole batch: the directory or a file that cannot be read, a full disk.
     class Stopped : public std::runtime_error {
     public:
         explicit Stopped(QString message);
@@ -57,11 +57,12 @@ public:
     static QStringList batchFiles(const QString& directory);
 
     // Backup, wipe, then every file of the directory. Throws Stopped when a file cannot be
-    // read (the batch ends there) and store::Failure when the backup or the wipe fails (then
-    // the database is as it was).
+    // read or the disk is full (the batch ends there; the files before stay imported) and
+    // store::Failure when the backup or the wipe fails (then the database is as it was).
     Summary run(const QString& directory);
 
-    // The steps of run(), for callers that show them one by one.
+    // The steps of run(), for callers that show them one by one. wipe() and importFile()
+    // throw Stopped on a full disk.
     QString backup();
     void wipe();
     FileOutcome importFile(const QString& directory, const QString& name);
@@ -73,9 +74,12 @@ private:
     // The EMPRS row, then the rows of every section behind it, to the end of the file.
     void readRegister(LineReader& lines, const QString& emprsLine, const RowContext& context);
     void refuse(const QString& message);
+    // The journal of a batch; the database's own comes back with the destructor.
+    void useFasterJournal();
 
     store::Database& m_db;
-    QVariant m_journalMode; // the database's own, put back at the end of the batch
+    QVariant m_journalMode; // the database's own, put back at the end of the batch; invalid
+                            // while the batch has not changed it
     QVariant m_synchronous;
     QVariant m_checkpoint;
     Readers m_readers;
@@ -89,6 +93,8 @@ QString invalidCnpjText(const QString& name);
 QString registeredCompanyText(const QString& company, const QString& key);
 QString fileKeyMismatchText(const QString& name, const QString& key);
 QString emptyFileText(const QString& name);
+// A file whose register needs a new number when every number is in use.
+QString noFreeSequenceText(const QString& name);
 // A database failure inside a file: the file is left out whole.
 QString fileFailedText(const QString& name, const QString& detail);
 

@@ -1,12 +1,15 @@
 #include "exchange/Record.h"
 
 #include "exchange/Cp1252.h"
+#include "exchange/TableReader.h"
+#include "exchange/Tokeniser.h"
 #include "rules/Formats.h"
 
 #include <QDate>
 #include <QDateTime>
 #include <QLocale>
 #include <QTime>
+#include <algorithm>
 #include <cmath>
 
 namespace exchange {
@@ -141,10 +144,14 @@ QString valueText(const QVariant& value, ColumnType type) {
     return withoutBreaks(text);
 }
 
-QString recordText(const TableLayout& layout, const QVariantList& values, Purpose purpose) {
+namespace {
+
+// The fields of a row as they are written, before they are joined.
+QStringList recordFields(const TableLayout& layout, const QVariantList& values, Purpose purpose) {
     const store::Table& table = *layout.table;
     const int count = layout.fields(purpose);
-    QString line;
+    QStringList fields;
+    fields.reserve(count);
     for (int i = 0; i < count; ++i) {
         const store::Column& column = table.columns[std::size_t(i)];
         const QVariant value = i < values.size() ? values[i] : QVariant();
@@ -157,13 +164,57 @@ QString recordText(const TableLayout& layout, const QVariantList& values, Purpos
             if (!(column.name == layout.blankKeptColumn && field == QLatin1String(" ")))
                 field = trimBlanks(field);
         }
-        if (i > 0)
-            line += QChar(kSeparator);
-        line += field;
+        fields << field;
     }
+    return fields;
+}
+
+QString joinedFields(const TableLayout& layout, const QStringList& fields) {
+    QString line = fields.join(QChar(kSeparator));
     if (layout.trailingSeparator)
         line += QChar(kSeparator);
     return line;
+}
+
+// Throws UnreadableRecord when the readers of the file would not read back what is written:
+// a field cut by the limit of the line, or a field of a typed column that is not of its type.
+void checkReadBack(const TableLayout& layout, const QStringList& fields, Purpose purpose) {
+    const store::Table& table = *layout.table;
+    const bool joined = purpose == Purpose::RegisterExport;
+    const int read = std::min<int>(int(fields.size()),
+                                   joined ? layout.sectionReaderFields : layout.fileReaderFields);
+    // The readers take the register's key from elsewhere, and the joined file's AINFRM too.
+    const int fromElsewhere = table.role != store::TableRole::Register ? 0 : joined ? 3 : 2;
+    qsizetype end = 0;
+    for (int i = 0; i < read; ++i) {
+        end += (i > 0 ? 1 : 0) + fields[i].size();
+        // Past the limit a field keeps a single character.
+        if (end > FieldTokeniser::kLimit && fields[i].size() > 1) {
+            int longest = 0;
+            for (int j = 1; j < read; ++j) {
+                if (fields[j].size() > fields[longest].size())
+                    longest = j;
+            }
+            throw UnreadableRecord(UnreadableRecord::Reason::TooLong, layout.qname(),
+                                   table.columns[std::size_t(longest)].qname(), fields[longest]);
+        }
+        const store::Column& column = table.columns[std::size_t(i)];
+        if (i < fromElsewhere || column.type == store::ColumnType::Text)
+            continue;
+        try {
+            fieldValue(fields[i].isEmpty() ? QStringLiteral("Null") : fields[i], column,
+                       joined && column.name == layout.pointDecimalColumn, layout.qname());
+        } catch (const UnreadableField&) {
+            throw UnreadableRecord(UnreadableRecord::Reason::NotOfItsType, layout.qname(),
+                                   column.qname(), fields[i]);
+        }
+    }
+}
+
+} // namespace
+
+QString recordText(const TableLayout& layout, const QVariantList& values, Purpose purpose) {
+    return joinedFields(layout, recordFields(layout, values, purpose));
 }
 
 QByteArray recordEndBytes(RecordEnd end) {
@@ -190,9 +241,30 @@ QString UnencodableText::message() const {
         .arg(m_character, m_column, m_table);
 }
 
+UnreadableRecord::UnreadableRecord(Reason reason, QString table, QString column, QString field)
+    : std::runtime_error("record not readable as written")
+    , m_reason(reason)
+    , m_table(std::move(table))
+    , m_column(std::move(column))
+    , m_field(std::move(field)) {}
+
+QString UnreadableRecord::message(const QString& registerCode) const {
+    if (m_reason == Reason::TooLong)
+        return QStringLiteral("O texto do campo %1 da tabela %2 do posto %3 é longo demais para o "
+                              "arquivo de exportação, cujas linhas levam no máximo %4 "
+                              "caracteres. Encurte o texto e exporte novamente.")
+            .arg(m_column, m_table, registerCode)
+            .arg(FieldTokeniser::kLimit);
+    return QStringLiteral("O valor \"%1\" do campo %2 da tabela %3 do posto %4 não é um valor "
+                          "que o arquivo de exportação possa levar. Corrija o valor e exporte "
+                          "novamente.")
+        .arg(m_field, m_column, m_table, registerCode);
+}
+
 QByteArray recordBytes(const TableLayout& layout, const QVariantList& values, Purpose purpose,
                        RecordEnd end) {
-    const QString text = recordText(layout, values, purpose);
+    const QStringList fields = recordFields(layout, values, purpose);
+    const QString text = joinedFields(layout, fields);
     cp1252::EncodeResult encoded = cp1252::encode(text);
     if (!encoded.ok()) {
         // Find the column that holds the character, for a message the user can act on.
@@ -209,6 +281,7 @@ QByteArray recordBytes(const TableLayout& layout, const QVariantList& values, Pu
         }
         throw UnencodableText(layout.qname(), QString(), text.mid(encoded.firstUnmappable, 1));
     }
+    checkReadBack(layout, fields, purpose);
     encoded.bytes += recordEndBytes(end);
     return encoded.bytes;
 }

@@ -48,7 +48,26 @@ private:
     QString m_character;
 };
 
-// The record and its end in Windows-1252; throws UnencodableText.
+// A record that the readers of its file would not read back as it is written: a text that
+// carries a field past the limit of the line, or a field of a number, date or time column
+// that holds no such value (an older database, a direct edit).
+class UnreadableRecord : public std::runtime_error {
+public:
+    enum class Reason { TooLong, NotOfItsType };
+    UnreadableRecord(Reason reason, QString table, QString column, QString field);
+    Reason reason() const { return m_reason; }
+    const QString& column() const { return m_column; }
+    // In the user's words, naming the field, the table and the register.
+    QString message(const QString& registerCode) const;
+
+private:
+    Reason m_reason;
+    QString m_table;
+    QString m_column;
+    QString m_field;
+};
+
+// The record and its end in Windows-1252; throws UnencodableText and UnreadableRecord.
 QByteArray recordBytes(const TableLayout& layout, const QVariantList& values, Purpose purpose,
                        RecordEnd end);
 

@@ -209,8 +209,6 @@ void ImportScreen::importNow() {
     if (!ui::runGuarded([&] { backupPath = importer.backup(); }))
         return;
     m_backup->setText(QStringLiteral("Cópia de segurança do banco anterior: ") + backupPath);
-    if (!ui::runGuarded([&] { importer.wipe(); }))
-        return;
 
     ImportProgress bar(this);
     importer.setProgress([&bar](int step, int steps) { bar.setStep(step, steps); });
@@ -219,9 +217,10 @@ void ImportScreen::importNow() {
         ui::dialogs().message(ui::kTitle, message, ui::Icon::Critical);
         QApplication::setOverrideCursor(Qt::WaitCursor);
     });
-    bar.show();
     int imported = 0;
     try {
+        importer.wipe();
+        bar.show();
         for (const QString& name : exchange::Importer::batchFiles(m_directory)) {
             bar.setStep(0, exchange::Importer::sectionSteps());
             if (importer.importFile(m_directory, name) == exchange::Importer::FileOutcome::Imported)

@@ -12,8 +12,10 @@ class Database;
 // the same second gets "-2", "-3", ... behind the time.
 QString backupPath(const QString& databasePath, const QDateTime& when);
 
-// Writes a consistent copy of the open database to backupPath(); returns where. Throws
-// store::Failure when the copy cannot be written, and then leaves no partial file behind.
+// Writes a consistent copy of the open database to backupPath(); returns where. The copy gets
+// that name only once it is complete. Throws store::Failure (not from the database: its text
+// names the backup and why it failed) when the copy cannot be written, and then leaves neither
+// a partial file nor a folder that it made.
 QString writeBackup(Database& db, const QDateTime& when = QDateTime::currentDateTime());
 
 } // namespace store

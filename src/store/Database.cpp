@@ -64,6 +64,9 @@ Database::Database(const QString& path)
 
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     db.setDatabaseName(path);
+    // Another program writing the file (a second copy of this one, a backup tool) is waited for
+    // this long before a statement gives up as "database is locked".
+    db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(kBusyTimeoutMs));
     if (!db.open()) {
         const QSqlError error = db.lastError();
         db = QSqlDatabase();
@@ -136,7 +139,11 @@ void Database::rollback() {
 
 void Database::migrate() {
     const int from = userVersion();
-    if (from >= kSchemaVersion)
+    // Tables this program does not know would outlive its wipe and its register delete, and
+    // their rows would attach to the next register of the same key.
+    if (from > kSchemaVersion)
+        throw NewerSchema(QDir::toNativeSeparators(m_path), from, kSchemaVersion);
+    if (from == kSchemaVersion)
         return;
     Transaction transaction(*this);
     for (int v = from; v < kSchemaVersion; ++v)

@@ -9,10 +9,12 @@ namespace store {
 
 // The connection to one database file. Opening a file that does not exist creates it with the
 // whole schema and the reference rows; opening an older file brings its schema up to date by
-// PRAGMA user_version, never dropping a row. Every failure is thrown as a store::Failure.
+// PRAGMA user_version, never dropping a row; a file of a newer schema is refused (NewerSchema).
+// Every failure is thrown as a store::Failure.
 class Database {
 public:
     static constexpr int kSchemaVersion = 2;
+    static constexpr int kBusyTimeoutMs = 5000;
 
     explicit Database(const QString& path);
     ~Database();

@@ -36,9 +36,23 @@ Failure Failure::fromSql(const QSqlError& error, const QString& statement) {
     return failure;
 }
 
+bool Failure::diskFull() const {
+    constexpr int kSqliteFull = 13;
+    return fromDatabase() && m_number == kSqliteFull;
+}
+
 Failure Failure::other(int number, const QString& description) {
     return Failure(Kind::NotDatabase, number, QString(), description);
 }
+
+NewerSchema::NewerSchema(const QString& path, int found, int known)
+    : Failure(Kind::NotDatabase, 0, QString(),
+              QStringLiteral("O banco de dados %1 é da versão %2, gravada por uma versão mais "
+                             "nova do programa; esta versão conhece os bancos até a versão %3. "
+                             "Use a versão mais nova do programa com este banco de dados.")
+                  .arg(path)
+                  .arg(found)
+                  .arg(known)) {}
 
 QString databaseErrorText(const Failure& failure) {
     const QString head =

@@ -28,6 +28,8 @@ public:
 
     Kind kind() const { return m_kind; }
     bool fromDatabase() const { return m_kind != Kind::NotDatabase; }
+    // The engine found no room on the disk for what it had to write.
+    bool diskFull() const;
     int number() const { return m_number; }
     const QString& source() const { return m_source; }
     const QString& description() const { return m_description; }
@@ -39,6 +41,13 @@ private:
     QString m_source;
     QString m_description;
     QString m_statement;
+};
+
+// A database written by a newer release of the program: its tables may hold what this one does
+// not know, so it is not opened at all. The description names both versions.
+class NewerSchema : public Failure {
+public:
+    NewerSchema(const QString& path, int found, int known);
 };
 
 // The source named in messages for failures of the database engine.

@@ -5,6 +5,9 @@
 
 namespace store {
 
+// The highest NSEQNC: the code carries it in four digits. A new number goes from 1 up to here.
+inline constexpr int kLastSequence = 9999;
+
 // NMUNCP and NSEQNC: the key of one register in every register table.
 struct RegisterKey {
     int nmuncp = 0;

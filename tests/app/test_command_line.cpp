@@ -73,6 +73,17 @@ private slots:
                    QStringLiteral("/proc/vor/nao-pode.db")});
         QVERIFY(run.exitCode != 0);
         QVERIFY(!run.err.isEmpty());
+        // A database of a newer release is refused with the versions named.
+        testsupport::TestEnvironment env;
+        const QString newer = env.path(QStringLiteral("nova.db"));
+        {
+            store::Database db(newer);
+            db.run(QStringLiteral("PRAGMA user_version = 99"));
+        }
+        run = vor({QStringLiteral("summary"), QStringLiteral("--database"), newer});
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.contains(QStringLiteral("é da versão 99")), qPrintable(run.err));
+        QCOMPARE(run.out, QString());
     }
 
     // Scripts tell a wrong call (2) from a failed run (1), whichever part of the line is wrong.

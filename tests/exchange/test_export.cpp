@@ -2,6 +2,8 @@
 #include "exchange/ExportFailure.h"
 #include "exchange/Exporter.h"
 #include "store/Database.h"
+#include "store/Failure.h"
+#include "support/ImportFixture.h"
 #include "support/TestEnvironment.h"
 
 #include <QDir>
@@ -265,6 +267,37 @@ private slots:
         QCOMPARE(csitu(db, kFull).toInt(), 1);
     }
 
+    // A status that cannot be written fails the export whole: no joined file is left for a
+    // register the user is told was not exported.
+    void aStatusThatCannotBeWrittenLeavesNoFile() {
+        testsupport::TestEnvironment env;
+        store::Database db(env.newDatabasePath());
+        load(db, QStringLiteral("full_register.sql"));
+        db.run(QStringLiteral("CREATE TRIGGER situacao_presa BEFORE UPDATE OF CSITU ON EMPRS "
+                              "BEGIN SELECT RAISE(ABORT, 'situação presa'); END"));
+        const QString dir = env.path(QStringLiteral("out"));
+        QDir().mkpath(dir);
+        try {
+            Exporter(db).run(kFull, dir);
+            QFAIL("the export went through");
+        } catch (const store::Failure& failure) {
+            QCOMPARE(failure.description(), QStringLiteral("situação presa"));
+        }
+        QCOMPARE(entries(dir), QStringList());
+        QCOMPARE(csitu(db, kFull).toInt(), 1);
+
+        // The status stays with the file when the file fails.
+        db.run(QStringLiteral("DROP TRIGGER situacao_presa"));
+        Exporter exporter(db);
+        exporter.setDeviceFactory([&](const QString& path) -> std::unique_ptr<QIODevice> {
+            return std::make_unique<FillingFile>(
+                path, path.endsWith(QStringLiteral(".part")) ? 20 : 1 << 20);
+        });
+        QVERIFY_THROWS_EXCEPTION(ExportFailure, exporter.run(kFull, dir));
+        QCOMPARE(entries(dir), QStringList());
+        QCOMPARE(csitu(db, kFull).toInt(), 1);
+    }
+
     void aTextTheFileCannotHoldStopsTheExportByName() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
@@ -282,6 +315,77 @@ private slots:
         }
         QCOMPARE(entries(dir), QStringList());
         QCOMPARE(csitu(db, kFull).toInt(), 1);
+    }
+
+    // What the import would refuse or misread is refused here, by table, field and register:
+    // a text that carries a line past its limit, a number column holding a text.
+    void aValueTheImportCannotReadBackStopsTheExport_data() {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("a text past the line's limit")
+            << QStringLiteral("UPDATE SUGESTOES SET SUGESTAO = printf('%.1100c', 'a')")
+            << QStringLiteral("O texto do campo SUGESTAO da tabela SUGESTOES do posto 1000003 é "
+                              "longo demais para o arquivo de exportação, cujas linhas levam no "
+                              "máximo 1000 caracteres. Encurte o texto e exporte novamente.");
+        QTest::newRow("a number stored as a text with the separator")
+            << QStringLiteral("UPDATE EMPRS SET NLOGRD = '12¬5'")
+            << QStringLiteral("O valor \"12 5\" do campo NLOGRD da tabela EMPRS do posto 1000003 "
+                              "não é um valor que o arquivo de exportação possa levar. Corrija o "
+                              "valor e exporte novamente.");
+        QTest::newRow("a date that is none")
+            << QStringLiteral("UPDATE TB_POSTOTANQU SET AINSTL = '2003-02-30'")
+            << QStringLiteral("O valor \"2003-02-30\" do campo AINSTL da tabela TB_POSTOTANQU do "
+                              "posto 1000003 não é um valor que o arquivo de exportação possa "
+                              "levar. Corrija o valor e exporte novamente.");
+    }
+    void aValueTheImportCannotReadBackStopsTheExport() {
+        QFETCH(QString, change);
+        QFETCH(QString, message);
+        testsupport::TestEnvironment env;
+        store::Database db(env.newDatabasePath());
+        load(db, QStringLiteral("full_register.sql"));
+        db.run(change);
+        const QString dir = env.path(QStringLiteral("out"));
+        QDir().mkpath(dir);
+        try {
+            Exporter(db).run(kFull, dir);
+            QFAIL("the export went through");
+        } catch (const ExportFailure& failure) {
+            QCOMPARE(failure.reason(), ExportFailure::Reason::Unencodable);
+            QCOMPARE(failure.message(), message);
+        }
+        QCOMPARE(entries(dir), QStringList());
+        QCOMPARE(csitu(db, kFull).toInt(), 1);
+    }
+
+    // A text that ends at the line's limit is written, and read back whole.
+    void aTextUpToTheLimitIsWrittenAndReadBack() {
+        testsupport::TestEnvironment env;
+        store::Database db(env.newDatabasePath());
+        load(db, QStringLiteral("full_register.sql"));
+        // Its section would be read as rows of the section before: the import knows no header
+        // of it.
+        db.run(QStringLiteral("DELETE FROM TB_POSTOGASVAZMN"));
+        testsupport::ImportBatch agency;
+        const QByteArray joined = readAll(Exporter(db).run(kFull, agency.directory()).joinedPath);
+        const qsizetype row = joined.indexOf("[SUGESTOES]\r\n") + 13;
+        // NMUNCP, NSEQNC, DRAZAOSOCIL stand before SUGESTAO.
+        qsizetype prefix = row;
+        for (int i = 0; i < 3; ++i)
+            prefix = joined.indexOf('\xAC', prefix) + 1;
+        const int room = 1000 - int(prefix - row);
+
+        db.run(QStringLiteral("UPDATE SUGESTOES SET SUGESTAO = printf('%.*c', ?, 'a')"),
+               {room + 1});
+        QVERIFY_THROWS_EXCEPTION(ExportFailure, Exporter(db).run(kFull, agency.directory()));
+        db.run(QStringLiteral("UPDATE SUGESTOES SET SUGESTAO = printf('%.*c', ?, 'a')"), {room});
+        Exporter(db).run(kFull, agency.directory());
+        agency.run();
+        QCOMPARE(agency.refusals(), QStringList());
+        QCOMPARE(
+            agency.value(QStringLiteral("SELECT length(SUGESTAO) || '/' || COD FROM SUGESTOES"))
+                .toString(),
+            QStringLiteral("%1/1").arg(room));
     }
 
     void anUnknownRegisterIsRefused() {

@@ -22,18 +22,17 @@ class TestFormat : public QObject {
     Q_OBJECT
 
 private slots:
-    void codecMapsEveryDefinedByteBothWays() {
-        int undefined = 0;
+    // Every byte reads as a character that is written back as the same byte: what a file
+    // holds survives the import and the next export. The five bytes the code page leaves
+    // undefined read as the control character of their own number.
+    void codecMapsEveryByteBothWays() {
         for (int b = 0; b < 256; ++b) {
             const char16_t c = cp1252::toUnicode(static_cast<unsigned char>(b));
-            if (c == 0xFFFD) {
-                ++undefined;
-                QCOMPARE(cp1252::decode(QByteArray(1, char(b))).firstUndefined, 0);
-                continue;
-            }
             QCOMPARE(cp1252::fromUnicode(c), b);
         }
-        QCOMPARE(undefined, 5);
+        const QByteArray undefined("\x81\x8d\x8f\x90\x9d");
+        QCOMPARE(cp1252::decode(undefined).text, QStringLiteral("\u0081\u008d\u008f\u0090\u009d"));
+        QCOMPARE(cp1252::encode(cp1252::decode(undefined).text).bytes, undefined);
     }
 
     void codecEncodes_data() {
@@ -47,8 +46,8 @@ private slots:
         QTest::newRow("accents") << QStringLiteral("ção") << QByteArray("\xe7\xe3o") << -1;
         QTest::newRow("euro and quotes")
             << QStringLiteral("€“”") << QByteArray("\x80\x93\x94") << -1;
-        QTest::newRow("latin-1 C1 control is not cp1252")
-            << QStringLiteral("x\u0081") << QByteArray("x") << 1;
+        QTest::newRow("the C1 control of the euro's byte is not cp1252")
+            << QStringLiteral("x\u0080") << QByteArray("x") << 1;
         QTest::newRow("greek") << QStringLiteral("aΩb") << QByteArray("ab") << 1;
         QTest::newRow("emoji as one character") << QStringLiteral("😀z") << QByteArray("z") << 0;
     }

@@ -1,5 +1,6 @@
 // The agency's import: the driver's checks and refusals, the readers of the joined file, the
 // backup and the wipe.
+#include "exchange/Cp1252.h"
 #include "exchange/Exporter.h"
 #include "exchange/Tokeniser.h"
 #include "support/ImportFixture.h"
@@ -103,6 +104,28 @@ private slots:
                  QStringLiteral("integer"));
         // The objective is the agency's own: the import leaves it.
         QCOMPARE(agency.count(QStringLiteral("TB_VORpMOVMN")), 0);
+    }
+
+    // The five bytes that Windows-1252 leaves undefined come back byte for byte: a register
+    // that holds them can be exported again.
+    void everyByteOfATextSurvivesTheRoundTrip() {
+        ImportBatch batch;
+        QByteArray file =
+            "[EMPRS]\r\n" +
+            exchange::cp1252::encode(emprsRow(QStringLiteral("100"), QStringLiteral("3"),
+                                              QStringLiteral("POSTO @"), kCnpjA))
+                .bytes +
+            "\r\n";
+        file.replace('@', QByteArray("\x81\x8d\x8f\x90\x9d"));
+        batch.writeBytes(joined(kCnpjA), file);
+        batch.run();
+        QCOMPARE(batch.refusals(), QStringList());
+
+        testsupport::TestEnvironment env;
+        const QString again = env.path(QStringLiteral("de-novo"));
+        QDir().mkpath(again);
+        const ExportResult sent = Exporter(batch.db()).run({100, 3}, again);
+        QVERIFY(readAll(sent.joinedPath).contains("\xACPOSTO \x81\x8d\x8f\x90\x9d\xAC"));
     }
 
     void theWipeEmptiesEveryRegisterTableAndKeepsTheRest() {
@@ -239,6 +262,50 @@ private slots:
         QCOMPARE(batch.count(QStringLiteral("TB_POSTOCOMRCSERVC")), 3);
     }
 
+    // A register number stays within the four digits of the code: past 9999 a register gets
+    // the lowest number no register uses, and with none left its file is refused.
+    void aNewNumberStaysWithinTheCodesFourDigits() {
+        ImportBatch batch;
+        // In the order of the directory: B first.
+        batch.write(joined(kCnpjA),
+                    smallRegister(QStringLiteral("100"), QStringLiteral("9999"), kCnpjA));
+        batch.write(joined(kCnpjB),
+                    smallRegister(QStringLiteral("100"), QStringLiteral("9999"), kCnpjB));
+        // A number the code cannot show is no number of the station's own either.
+        batch.write(joined(kCnpjC),
+                    smallRegister(QStringLiteral("200"), QStringLiteral("32767"), kCnpjC));
+        const Importer::Summary summary = batch.run();
+        QCOMPARE(batch.refusals(), QStringList());
+        QCOMPARE(summary.imported, 3);
+        QCOMPARE(batch
+                     .value(QStringLiteral("SELECT group_concat(NMUNCP || '/' || NSEQNC || '/' || "
+                                           "CCGC) FROM (SELECT * FROM EMPRS ORDER BY CCGC)"))
+                     .toString(),
+                 QStringLiteral("100/9999/11222333000181,100/1/12345678000195,"
+                                "200/2/44556677000186"));
+        QCOMPARE(batch
+                     .value(QStringLiteral("SELECT group_concat(NSEQNC) FROM (SELECT * FROM "
+                                           "TB_POSTOCOMRCSERVC ORDER BY NSEQNC)"))
+                     .toString(),
+                 QStringLiteral("1,2,9999"));
+
+        // Every number in use: the file cannot be given one.
+        batch.db().run(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
+                                      "FROM n WHERE i < 9999) INSERT OR IGNORE INTO EMPRS "
+                                      "(NMUNCP, NSEQNC, CCGC) SELECT 300, i, i FROM n"));
+        const QString full = QStringLiteral("REUNIDO_33000167000101.TXT");
+        batch.write(full, smallRegister(QStringLiteral("300"), QStringLiteral("5"),
+                                        QStringLiteral("33000167000101")));
+        QStringList refusals;
+        Importer importer(batch.db());
+        importer.setRefusal([&](const QString& message) { refusals << message; });
+        QCOMPARE(importer.importFile(batch.directory(), full), Importer::FileOutcome::Refused);
+        QCOMPARE(refusals, QStringList{QStringLiteral(
+                               "O Arquivo REUNIDO_33000167000101.TXT não pode ser importado: "
+                               "todos os números de posto, de 1 a 9999, já estão em uso.")});
+        QCOMPARE(batch.count(QStringLiteral("EMPRS")), 9999 + 3);
+    }
+
     void rowsTakeTheDriversKeyAndTheCreationDate() {
         ImportBatch batch;
         batch.write(
@@ -329,15 +396,30 @@ private slots:
             1000 - int(head.size()));
     }
 
-    void anEmptyLineFirstCountsAsHandledWithNothingRead() {
+    // Blank lines before the register's line, as a transfer in text mode leaves them (every
+    // line end doubled), are passed over: the register is read, never counted with nothing
+    // stored.
+    void blankLinesBeforeTheRegisterArePassedOver() {
         ImportBatch batch;
         QStringList lines = smallRegister(QStringLiteral("100"), QStringLiteral("3"), kCnpjA);
         lines.prepend(QString());
+        lines.prepend(QString());
         batch.write(joined(kCnpjA), lines);
+        QByteArray doubled;
+        for (const QString& l : smallRegister(QStringLiteral("200"), QStringLiteral("4"), kCnpjB))
+            doubled += l.toLatin1() + "\r\r\n";
+        batch.writeBytes(joined(kCnpjB), doubled);
+        batch.writeBytes(QStringLiteral("so_linhas_em_branco.txt"), "\r\n\r\r\n\r\n");
         const Importer::Summary summary = batch.run();
-        QCOMPARE(batch.refusals(), QStringList());
-        QCOMPARE(summary.imported, 1);
-        QCOMPARE(batch.count(QStringLiteral("EMPRS")), 0);
+        QCOMPARE(batch.refusals(),
+                 QStringList{emptyFileText(QStringLiteral("so_linhas_em_branco.txt"))});
+        QCOMPARE(summary.imported, 2);
+        QCOMPARE(batch
+                     .value(QStringLiteral("SELECT group_concat(NMUNCP || '/' || NSEQNC) FROM "
+                                           "(SELECT * FROM EMPRS ORDER BY NMUNCP)"))
+                     .toString(),
+                 QStringLiteral("100/3,200/4"));
+        QCOMPARE(batch.count(QStringLiteral("TB_POSTOCOMRCSERVC")), 2);
     }
 
     // A file is imported whole or not at all, and the batch goes on.
@@ -358,6 +440,35 @@ private slots:
                  kCnpjB);
         // Its pair was free again for the next file.
         QCOMPARE(batch.value(QStringLiteral("SELECT NSEQNC FROM EMPRS")).toInt(), 3);
+        QCOMPARE(batch.count(QStringLiteral("TB_POSTOCOMRCSERVC")), 1);
+    }
+
+    // A full disk ends the batch with the driver's message: the files before it stay, nothing
+    // of the file in hand is kept, and no later file is tried.
+    void aFullDiskEndsTheBatch() {
+        ImportBatch batch;
+        batch.write(joined(kCnpjB),
+                    smallRegister(QStringLiteral("100"), QStringLiteral("1"), kCnpjB));
+        QStringList big = smallRegister(QStringLiteral("100"), QStringLiteral("2"), kCnpjA);
+        for (int i = 10; i < 3000; ++i)
+            big << line({QStringLiteral("100"), QStringLiteral("2"), QStringLiteral("14/03/2003"),
+                         QString::number(i), QStringLiteral("Loja de conveniência %1").arg(i)});
+        batch.write(joined(kCnpjA), big);
+        batch.write(joined(kCnpjC),
+                    smallRegister(QStringLiteral("100"), QStringLiteral("3"), kCnpjC));
+        // The database may not grow: as on a disk without room, the engine reports it full.
+        batch.db().run(QStringLiteral("PRAGMA max_page_count = %1")
+                           .arg(batch.value(QStringLiteral("PRAGMA page_count")).toInt()));
+        try {
+            batch.run();
+            QFAIL("the batch went on past a full disk");
+        } catch (const Importer::Stopped& stopped) {
+            QCOMPARE(stopped.message(),
+                     QStringLiteral("Espaço na unidade especificada como destino é insuficiente."));
+        }
+        QCOMPARE(batch.refusals(), QStringList());
+        QCOMPARE(batch.value(QStringLiteral("SELECT group_concat(CCGC) FROM EMPRS")).toString(),
+                 kCnpjB);
         QCOMPARE(batch.count(QStringLiteral("TB_POSTOCOMRCSERVC")), 1);
     }
 

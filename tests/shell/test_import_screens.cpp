@@ -14,6 +14,8 @@
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTest>
 #include <QTimer>
 
@@ -149,6 +151,45 @@ private slots:
         QVERIFY2(backup.contains(QStringLiteral("/backups/VOR-POSTO-")), qPrintable(backup));
         testsupport::saveScreenshot(screen, QStringLiteral("frmImportacao-depois"));
         QVERIFY(!QApplication::overrideCursor());
+    }
+
+    // Another program writing the database: the batch waits a while, then ends with the error
+    // routine's message; the screen stays and nothing of the database is lost.
+    void aDatabaseHeldByAnotherProgramEndsTheBatchWithAMessage() {
+        testsupport::TestEnvironment env;
+        store::Database db(env.newDatabasePath());
+        db.run(QStringLiteral("INSERT INTO EMPRS (NMUNCP, NSEQNC, CCGC) VALUES (9, 9, 9)"));
+        const QString batch = env.path(QStringLiteral("lote"));
+        QDir().mkpath(batch);
+        writeFile(batch + QStringLiteral("/REUNIDO_12345678000195.TXT"),
+                  registerFile(100, "12345678000195"));
+        {
+            QSqlDatabase other =
+                QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("outro"));
+            other.setDatabaseName(db.path());
+            QVERIFY(other.open());
+            QSqlQuery lock(other);
+            QVERIFY(lock.exec(QStringLiteral("BEGIN IMMEDIATE")));
+            QVERIFY(lock.exec(QStringLiteral("UPDATE EMPRS SET CSITU = 4")));
+
+            testsupport::ScriptedDialogs dialogs;
+            dialogs.answer(true);
+            shell::ImportScreen screen(db);
+            screen.show();
+            screen.setBatch(batch, 1);
+            screen.findChild<QPushButton*>(QStringLiteral("cmdImprt"))->click();
+            QCOMPARE(dialogs.texts(),
+                     QStringList({QStringLiteral("Continuar Importação?"),
+                                  QStringLiteral("5-Fonte : SQLite:Ocorreu um erro não previsto "
+                                                 "de DAO.")}));
+            QVERIFY(screen.isVisible());
+            QVERIFY(!QApplication::overrideCursor());
+            QVERIFY(lock.exec(QStringLiteral("ROLLBACK")));
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("outro"));
+        QCOMPARE(db.scalar(QStringLiteral("SELECT group_concat(NMUNCP || '/' || CCGC) FROM EMPRS"))
+                     .toString(),
+                 QStringLiteral("9/9"));
     }
 
     void theProgressWindow() {

@@ -1,10 +1,16 @@
+#include "store/Backup.h"
 #include "store/Database.h"
 #include "store/Failure.h"
 #include "store/ReferenceData.h"
 #include "support/TestEnvironment.h"
 
+#include <QDir>
+#include <QRegularExpression>
+#include <QSqlDriver>
 #include <QSqlQuery>
 #include <QTest>
+#include <optional>
+#include <sqlite3.h>
 
 namespace {
 
@@ -22,6 +28,41 @@ qlonglong count(store::Database& db, const QString& sql, const QVariantList& val
 
 const QString kInsertRegister =
     QStringLiteral("INSERT INTO EMPRS (NMUNCP, NSEQNC, DRAZAOSOCIL, CCGC) VALUES (?, ?, ?, ?)");
+
+// Where a backup of `db` goes, and what a kill of the program at the moment a statement of the
+// connection runs would leave there: the folder's files are copied to `left` the first time
+// the folder holds any, and the statement is broken off as the kill would end it.
+class KillDuringStatement {
+public:
+    KillDuringStatement(store::Database& db, QString folder, QString left)
+        : m_connection(*static_cast<sqlite3* const*>(db.handle().driver()->handle().constData()))
+        , m_folder(std::move(folder))
+        , m_left(std::move(left)) {
+        sqlite3_progress_handler(m_connection, 50, &KillDuringStatement::step, this);
+    }
+    ~KillDuringStatement() { sqlite3_progress_handler(m_connection, 0, nullptr, nullptr); }
+
+    bool killed() const { return m_killed; }
+
+private:
+    static int step(void* self) {
+        auto& kill = *static_cast<KillDuringStatement*>(self);
+        const QDir folder(kill.m_folder);
+        const QStringList files = folder.entryList(QDir::Files);
+        if (files.isEmpty())
+            return 0;
+        QDir().mkpath(kill.m_left);
+        for (const QString& name : files)
+            QFile::copy(folder.filePath(name), QDir(kill.m_left).filePath(name));
+        kill.m_killed = true;
+        return 1;
+    }
+
+    sqlite3* m_connection;
+    QString m_folder;
+    QString m_left;
+    bool m_killed = false;
+};
 
 } // namespace
 
@@ -127,6 +168,38 @@ private slots:
                  12345678000195LL);
     }
 
+    // A database of a newer release is not opened, and not touched: its tables may hold
+    // what this program would leave behind in a wipe.
+    void aDatabaseOfANewerSchemaIsRefused() {
+        testsupport::TestEnvironment env;
+        const QString path = env.newDatabasePath();
+        {
+            store::Database db(path);
+            db.run(QStringLiteral("CREATE TABLE TB_POSTONOVA (NMUNCP INTEGER, NSEQNC INTEGER)"));
+            db.run(QStringLiteral("PRAGMA user_version = %1")
+                       .arg(store::Database::kSchemaVersion + 1));
+        }
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray before = file.readAll();
+        file.close();
+        try {
+            store::Database db(path);
+            QFAIL("a database of a newer schema was opened");
+        } catch (const store::NewerSchema& newer) {
+            QCOMPARE(newer.description(),
+                     QStringLiteral("O banco de dados %1 é da versão %2, gravada por uma versão "
+                                    "mais nova do programa; esta versão conhece os bancos até a "
+                                    "versão %3. Use a versão mais nova do programa com este "
+                                    "banco de dados.")
+                         .arg(path)
+                         .arg(store::Database::kSchemaVersion + 1)
+                         .arg(store::Database::kSchemaVersion));
+        }
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), before);
+    }
+
     void valuesAreBoundNeverSpliced() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
@@ -194,6 +267,46 @@ private slots:
         store::Transaction outer(db);
         QVERIFY_THROWS_EXCEPTION(store::Failure, store::Transaction inner(db));
         QVERIFY(db.inTransaction());
+    }
+
+    // A backup broken off (the program killed while it writes) never leaves a file under a
+    // backup's name; a failed backup leaves neither its partial file nor the folder it made.
+    void aBackupTakesItsNameOnlyWhenComplete() {
+        testsupport::TestEnvironment env;
+        store::Database db(env.newDatabasePath());
+        for (int i = 1; i <= 500; ++i)
+            db.run(kInsertRegister, {100, i, QStringLiteral("Posto %1").arg(i), i});
+        const QString folder = QFileInfo(db.path()).absolutePath() + QStringLiteral("/backups");
+        const QString left = env.path(QStringLiteral("deixado"));
+        const QRegularExpression backupName(QStringLiteral("^VOR-POSTO-\\d{8}-\\d{6}\\.db$"));
+        std::optional<store::Failure> failed;
+        try {
+            KillDuringStatement kill(db, folder, left);
+            store::writeBackup(db);
+        } catch (const store::Failure& failure) {
+            failed = failure;
+        }
+        const QStringList killedAt = QDir(left).entryList(QDir::Files);
+        QVERIFY(!killedAt.isEmpty());
+        for (const QString& name : killedAt)
+            QVERIFY2(!backupName.match(name).hasMatch(), qPrintable(name));
+        QVERIFY(failed);
+        QVERIFY(!failed->fromDatabase());
+        QVERIFY2(failed->description().startsWith(
+                     QStringLiteral("Não foi possível gravar a cópia de segurança ") + folder +
+                     QStringLiteral("/VOR-POSTO-")),
+                 qPrintable(failed->description()));
+        QVERIFY(!QFileInfo::exists(folder));
+
+        // The next backup is whole, and clears what a killed one left.
+        QDir().mkpath(folder);
+        for (const QString& name : killedAt)
+            QFile::copy(QDir(left).filePath(name), QDir(folder).filePath(name));
+        const QString path = store::writeBackup(db);
+        QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList{QFileInfo(path).fileName()});
+        QVERIFY(backupName.match(QFileInfo(path).fileName()).hasMatch());
+        store::Database copy(path);
+        QCOMPARE(count(copy, QStringLiteral("SELECT COUNT(*) FROM EMPRS")), 500);
     }
 
     void csvFieldsMayBeQuoted_data() {
