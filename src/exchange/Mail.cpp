@@ -1,5 +1,7 @@
 #include "exchange/Mail.h"
 
+#include "rules/Formats.h"
+
 #include "exchange/MailPassword.h"
 #include "store/Database.h"
 #include "store/PrivateFiles.h"
@@ -132,9 +134,7 @@ MailObjective mailObjective(const QVariant& imovmn) {
 }
 
 QString maskedCnpj(const QString& key14) {
-    const QString k = key14.rightJustified(14, QLatin1Char('0'));
-    return QStringLiteral("%1.%2.%3/%4-%5")
-        .arg(k.mid(0, 2), k.mid(2, 3), k.mid(5, 3), k.mid(8, 4), k.mid(12, 2));
+    return rules::cnpjText(key14);
 }
 
 MailMessage exportMail(const MailObjective& objective, const QString& companyName,
