@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QSqlQuery>
 
 namespace ui {
@@ -114,6 +115,15 @@ void IntegrityReport::showStored(const store::Row& row, bool changing) const {
     chooseCode(condition, notMade ? QStringLiteral("NR") : QStringLiteral("ND"));
     if (changing)
         date->setEnabled(false);
+}
+
+QWidget* scrolling(QWidget* blocks) {
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidget(blocks);
+    return area;
 }
 
 } // namespace ui

@@ -1,5 +1,7 @@
 #include "ui/ListScreen.h"
 
+#include "ui/GridColumns.h"
+
 #include "rules/Formats.h"
 #include "store/Database.h"
 #include "ui/BusyCursor.h"
@@ -71,10 +73,9 @@ ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* par
         for (int c = 0; c < int(lvl.columns.size()); ++c) {
             grid->setHorizontalHeaderItem(
                 c, new QTableWidgetItem(lvl.columns[std::size_t(c)].heading));
-            // No heading is cut: a column is at least as wide as its heading.
-            grid->setColumnWidth(c, std::max(lvl.columns[std::size_t(c)].width,
-                                             grid->horizontalHeader()->sectionSizeHint(c)));
         }
+        grid->setAccessibleName(lvl.frameTitle);
+        keepColumnsFitted(grid);
         frameLayout->addWidget(grid);
         layout->addWidget(frame, 1);
         m_grids.push_back(grid);
