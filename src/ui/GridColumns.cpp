@@ -54,6 +54,8 @@ private:
 
 void fitColumns(QTableWidget* grid) {
     QHeaderView* header = grid->horizontalHeader();
+    // The widest text of a column, which QTableView keeps protected and its base offers.
+    const QAbstractItemView* view = grid;
     const int count = grid->columnCount();
     std::vector<int> floor(std::size_t(count), 0);
     std::vector<int> width(std::size_t(count), 0);
@@ -62,7 +64,7 @@ void fitColumns(QTableWidget* grid) {
         if (grid->isColumnHidden(c))
             continue;
         floor[std::size_t(c)] = header->sectionSizeHint(c);
-        width[std::size_t(c)] = std::max(floor[std::size_t(c)], grid->sizeHintForColumn(c));
+        width[std::size_t(c)] = std::max(floor[std::size_t(c)], view->sizeHintForColumn(c));
         total += width[std::size_t(c)];
     }
     const int room =
