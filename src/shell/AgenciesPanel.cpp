@@ -3,6 +3,7 @@
 #include "rules/NumberPattern.h"
 #include "store/Database.h"
 #include "ui/ErrorRoutine.h"
+#include "ui/GridColumns.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -41,6 +42,7 @@ AgenciesPanel::AgenciesPanel(store::Database& db, QWidget* parent)
     auto* label = new QLabel(QStringLiteral("Agências Ambientais da ZANTOR :"), this);
     label->setObjectName(QStringLiteral("Label4"));
     m_grid->setObjectName(QStringLiteral("fgr1"));
+    ui::keepColumnsFitted(m_grid);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_grid->verticalHeader()->hide();
@@ -95,7 +97,7 @@ bool AgenciesPanel::open() {
                                                               "ORDER BY DRESMDREGNL"),
                                     {count + 1});
         append(others);
-        m_grid->resizeColumnsToContents();
+        ui::fitColumns(m_grid);
     });
     if (filled)
         show();

@@ -1,6 +1,7 @@
 #include "PdfText.h"
 
-#include <QRegularExpression>
+#include "printing/Catalogue.h"
+
 #include <memory>
 #include <poppler-qt6.h>
 
@@ -19,10 +20,22 @@ QStringList pdfPages(const QString& path) {
 }
 
 QString reportOfPage(const QString& pageText) {
-    static const QRegularExpression id(QStringLiteral("rpt\\d\\d_[\\w]+"),
-                                       QRegularExpression::UseUnicodePropertiesOption);
-    const QRegularExpressionMatch match = id.match(pageText);
-    return match.hasMatch() ? match.captured() : QString();
+    // The page carries no layout name: the report is the one whose title stands on a line of
+    // its own in the band.
+    const QStringList lines = pageText.split(QLatin1Char('\n'));
+    auto id = [](const printing::ReportEntry& e) {
+        return QString::fromUtf8(e.id.data(), qsizetype(e.id.size()));
+    };
+    for (const QString& line : lines) {
+        const QString text = line.simplified();
+        for (const printing::ReportEntry& e : printing::catalogue()) {
+            if (text == e.title.simplified())
+                return id(e);
+        }
+        if (text == printing::protocolEntry().title.simplified())
+            return id(printing::protocolEntry());
+    }
+    return {};
 }
 
 } // namespace testsupport
