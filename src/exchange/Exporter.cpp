@@ -5,6 +5,7 @@
 #include "exchange/Tokeniser.h"
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/PrivateFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -95,6 +96,7 @@ void Exporter::writeFile(const QString& path, const QByteArray& bytes) {
     if (m_factory) {
         device = m_factory(path);
     } else {
+        store::makePrivateFile(path);
         device = std::make_unique<QFile>(path);
     }
     if (!device->isOpen() &&

@@ -1,5 +1,6 @@
 #include "fuel/FuelScreens.h"
 
+#include "fuel/ControlScreens.h"
 #include "fuel/PumpList.h"
 #include "fuel/TankList.h"
 
@@ -22,6 +23,7 @@ void registerScreens() {
         QStringLiteral("frmBombaAereo"), [](ui::ScreenHost& host, const ui::Sequence::Place&) {
             return new ui::ListScreen(host, pumpList(abovegroundPumps()));
         });
+    registerControlScreens();
 }
 
 } // namespace fuel

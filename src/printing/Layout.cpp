@@ -1,5 +1,7 @@
 #include "printing/Layout.h"
 
+#include "store/CodeLists.h"
+
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -64,6 +66,13 @@ Format map(Labels labels, QString otherwise = {}) {
     f.otherwise = std::move(otherwise);
     return f;
 }
+// A fixed code list of the screens, with their captions.
+Format codes(std::string_view list, QString otherwise = {}) {
+    Labels labels;
+    for (const store::Code& code : store::codeList(list))
+        labels.emplace_back(code.code.toString(), code.label);
+    return map(std::move(labels), std::move(otherwise));
+}
 // A dictionary: the row's column against the dictionary's key column.
 Format dictionary(std::string_view table, std::string_view key, std::string_view text) {
     Format f = of(Kind::Lookup);
@@ -85,16 +94,32 @@ const Labels kOwner = {{"P", "Proprietário"}, {"D", "Distribuidora"}, {"O", "Ou
 const Labels kSituation = {{"A", "Em Uso"}, {"D", "Desativado"}};
 const Labels kIntegrityReport = {
     {"R", "Realizado"}, {"NR", "Não Realizado"}, {"ND", "Não Disponível"}};
-const Labels kYesNoLetter = {{"S", "Sim"}, {"N", "Não"}};
-const Labels kFrequency = {{"D", "Diária"}, {"S", "Semanal"},   {"Q", "Quinzenal"},
-                           {"M", "Mensal"}, {"B", "Bimestral"}, {"E", "Semestral"},
-                           {"A", "Anual"}};
-
-Labels numbered(std::initializer_list<const char*> captions) {
+// The captions of a code list of the screens, which the memorial prints as they are offered.
+Labels listed(std::string_view list) {
     Labels labels;
-    int code = 1;
-    for (const char* caption : captions)
-        labels.emplace_back(QString::number(code++), QString::fromUtf8(caption));
+    for (const store::Code& code : store::codeList(list))
+        labels.emplace_back(code.code.toString(), code.label);
+    return labels;
+}
+
+// The captions of a code list of the screens, where the memorial prints the same words.
+Labels listed(std::string_view list) {
+    Labels labels;
+    for (const store::Code& code : store::codeList(list))
+        labels.emplace_back(code.code.toString(), code.label);
+    return labels;
+}
+// The zone of the activity; a row that the characteristics screen has not completed yet ("N")
+// prints no zone.
+Labels zones() {
+    Labels labels = listed("ILOCLZATIVD");
+    labels.emplace_back(QStringLiteral("N"), QString());
+    return labels;
+}
+// The commerce and services; the last one prints without the screen's prompt to specify it.
+Labels commerce() {
+    Labels labels = listed("NCOMRCSERVC");
+    labels.back().second = QStringLiteral("Outros");
     return labels;
 }
 
@@ -274,14 +299,7 @@ Layout stockControl(std::string_view id, const Words& w) {
 }
 
 Layout leaks(std::string_view id, const Words& w) {
-    Labels places = {{"T", QString::fromUtf8(w.tank)},
-                     {"B", QString::fromUtf8(w.pump)},
-                     {"L", "Linha"},
-                     {"R", "Respiro"}};
-    if (w.underground)
-        places.emplace_back("V", "Válvula Extratora");
-    places.insert(places.end(),
-                  {{"F", "Filtro"}, {"C", "Boca de carregamento"}, {"O", "Outros Equipamentos"}});
+    const Labels places = listed(w.underground ? "ILOCAL.SUBTR" : "ILOCAL.AEREO");
     return {{{Section::Kind::Table,
               QStringLiteral("Histórico de Vazamento"),
               "TB_POSTOVAZMN",
@@ -304,10 +322,7 @@ Layout leaks(std::string_view id, const Words& w) {
 }
 
 Layout protection(std::string_view id, const Words& w) {
-    const Labels kinds =
-        w.underground
-            ? Labels{{"A", "Anodo de Sacrifício"}, {"C", "Corrente Impressa"}, {"O", "Outros"}}
-            : Labels{{"P", "Primer"}, {"R", "Primer e Resina Epoxi"}, {"O", "Outros"}};
+    const Labels kinds = listed(w.underground ? "IPROTC.SUBTR" : "IPROTC.AEREO");
     return {{{Section::Kind::Table,
               QString::fromUtf8(w.underground ? "Proteção Catódica" : "Proteção Contra Corrosão"),
               "TB_POSTOTANQU",
@@ -316,10 +331,10 @@ Layout protection(std::string_view id, const Words& w) {
               {
                   f(w.underground ? "Nº do Tanque" : "Nº do Reservatório", "NTANQU"),
                   f("Identificação", "NIDENT"),
-                  f("Possui Sistema de Proteção", "SSISTMPROTC", map(kYesNoLetter)),
+                  f("Possui Sistema de Proteção", "SSISTMPROTC", map(listed("SIMNAO"))),
                   f("Tipo de Proteção", "IPROTC", map(kinds)),
                   f("Descrição da Proteção", "DPROTC"),
-                  f("Frequência", "IFREQNMANTN", map(kFrequency)),
+                  f("Frequência", "IFREQNMANTN", map(listed("IFREQNMANTN"))),
                   f("Data da Última Manutenção", "AMANTNULTMA", date()),
               },
               {},
@@ -548,8 +563,7 @@ Layout identification() {
 }
 
 Layout distributors() {
-    std::vector<Field> fields = {
-        f("Tipo", "IDISTRFORNC", map({{"D", "Distribuidora"}, {"F", "Fornecedora"}}))};
+    std::vector<Field> fields = {f("Tipo", "IDISTRFORNC", map(listed("IDISTRFORNC")))};
     for (Field& field : companyBlock())
         fields.push_back(std::move(field));
     fields[3].label = QStringLiteral("Endereço P/ Correspondência");
@@ -572,14 +586,8 @@ Layout characteristics() {
          {},
          {},
          {
-             f("Classificação (NBR 13.786)", "ICLASSABNT",
-               map({{"0", "Classe 0"}, {"1", "Classe 1"}, {"2", "Classe 2"}, {"3", "Classe 3"}})),
-             f("Localização da Atividade", "ILOCLZATIVD",
-               map({{"U", "Zona Urbana"},
-                    {"R", "Zona Rural"},
-                    {"E", "Zona Fluvial /Lacustre"},
-                    {"C", "Zona Marítima"},
-                    {"N", ""}})),
+             f("Classificação (NBR 13.786)", "ICLASSABNT", map(listed("ICLASSABNT"))),
+             f("Localização da Atividade", "ILOCLZATIVD", map(zones())),
              f("Área Total do Terreno (m²)", "QAREATERRN", decimal()),
              f("Área Construída (m²)", "QAREACONST", decimal()),
              f("Atividade ao Ar Livre (m²)", "QAREAARLIVRE", decimal()),
@@ -600,12 +608,7 @@ Layout characteristics() {
          {},
          {"NCOMRCSERVC"},
          {
-             f("Comércio ou Serviço", "NCOMRCSERVC",
-               map(numbered({"Lavagem Simples/Completa", "Lava Rápido", "Pulverização",
-                             "Lubrificação", "Borracharia", "Auto Elétrico", "Loja de Auto Peças",
-                             "Estacionamento", "Bar/Lanchonete", "Garagem", "Loja de Conveniências",
-                             "Ducha", "Troca de Óleo", "Mecânico", "Restaurante", "Venda de GLP",
-                             "Outros"}))),
+             f("Comércio ou Serviço", "NCOMRCSERVC", map(commerce())),
              f("Especificação", "DCOMRCSERVC"),
          },
          {},
@@ -618,58 +621,7 @@ Layout characteristics() {
          {"NUSOOCUPCSOLO"},
          {
              f("Uso e Ocupação do Solo na Vizinhança", "NUSOOCUPCSOLO",
-               map(numbered({
-                   "EDIFÍCIO MULTIFAMILIAR COM ATÉ QUATRO ANDARES, SEM GARAGEM SUBTERRÂNEA (NBR "
-                   "13786)",
-                   "EDIFÍCIO MULTIFAMILIAR COM MAIS DE QUATRO ANDARES, COM GARAGEM SUBTERRÂNEA "
-                   "(NBR 13786)",
-                   "EDIFÍCIOS DE ESCRITÓRIO COMERCIAIS COM MAIS DE QUATRO ANDARES (NBR 13786)",
-                   "FAVELA EM COTA IGUAL OU INFERIOR (NBR 13786)",
-                   "ESCOLA",
-                   "CRECHE",
-                   "HOSPITAL (NBR 13786)",
-                   "TEMPLO RELIGIOSO (NBR 13786)",
-                   "CASA DE ESPETÁCULOS (NBR 13786)",
-                   "EDIFÍCIOS TOMBADOS PELO PATRIMÔNIO HISTÓRICO",
-                   "ATIVIDADE INDUSTRIAL DE RISCO (NB-16) (NBR 13786)",
-                   "GARAGEM SUBTERRÂNEA (NBR 13786)",
-                   "TÚNEL (NBR 13786)",
-                   "FERROVIA/METRÔ DE SUPERFÍCIE",
-                   "METRÔ (NBR 13786)",
-                   "RODOVIA",
-                   "GALERIA DE DRENAGEM DE ÁGUAS PLUVIAIS(NBR 13786)",
-                   "REDE DE ÁGUA PARA ABASTECIMENTO (NBR 13786)",
-                   "REDE DE ESGOTO (NBR 13786)",
-                   "FOSSA (NBR 13786)",
-                   "REDE DE GÁS (NBR 13786)",
-                   "REDE ELÉTRICA (NBR 13786)",
-                   "AEROPORTO",
-                   "ÁREA MILITAR",
-                   "CEMITÉRIO",
-                   "PARQUE, ÁREA VERDE",
-                   "PARQUE INFANTIL",
-                   "ÁREA DE DESPORTO",
-                   "ÁREA AGRÍCOLA",
-                   "ÁREA PECUÁRIA",
-                   "HORTAS",
-                   "MINERAÇÃO",
-                   "MATA NATURAL",
-                   "ÁREA DE PROTEÇÃO AMBIENTAL",
-                   "ÁREA DE PROTEÇÃO DE MANANCIAIS",
-                   "CORPOS D` ÁGUA DESTINADOS AO ABASTECIMENTO PÚBLICO (NBR 13786)",
-                   "CORPOS D` ÁGUA DESTINADOS À PROTEÇÃO DAS COMUNIDADES AQUÁTICAS (NBR 13786)",
-                   "CORPOS D` ÁGUA DESTINADOS À RECREAÇÃO DE CONTATO PRIMÁRIO (NBR 13786)",
-                   "CORPOS D` ÁGUA DESTINADOS À IRRIGAÇÃO (NBR 13786)",
-                   "CORPOS D` ÁGUA DESTINADOS À CRIAÇÃO DE ESPÉCIES PARA A ALIMENTAÇÃO HUMANA "
-                   "(NBR 13786)",
-                   "UTILIZAÇÃO DE ÁGUA SUBTERRÂNEA PARA ABASTECIMENTO PÚBLICO (NBR 13786)",
-                   "UTILIZAÇÃO DE ÁGUA SUBTERRÂNEA PARA ABASTECIMENTO DOMÉSTICO (NBR 13786)",
-                   "UTILIZAÇÃO DE ÁGUA SUBTERRÂNEA PARA USO INDUSTRIAL",
-                   "ÁREA INUNDÁVEL, VÁRZEA",
-                   "LAGOA, REPRESA, OCEANO, OUTROS CORPOS D` ÁGUA",
-                   "GASODUTO",
-                   "OLEODUTO",
-               }))),
+               map(listed("NUSOOCUPCSOLO"))),
          },
          {},
          {},
@@ -791,12 +743,7 @@ Layout water() {
     return {{listOf("Consumo Mensal de Água (m³/mês)", "TB_POSTOBALNCHIDRC",
                     {"IFONTEABAST", "NFONTEABASTIDENT"},
                     {
-                        f("Fonte de Abastecimento", "IFONTEABAST",
-                          map({{"1P", "Poços"},
-                               {"2S", "Superficial"},
-                               {"3R", "Rede"},
-                               {"4O", "Outros"},
-                               {"5T", "Total (m³/mês)"}})),
+                        f("Fonte de Abastecimento", "IFONTEABAST", codes("IFONTEABAST")),
                         f("Identificação", "NFONTEABASTIDENT", zeroBlank()),
                         f("Descrição", "DFONTEABAST"),
                         f("Sanitário", "QCONSMSANTR", decimal()),
@@ -808,9 +755,8 @@ Layout effluents() {
     return {{listOf(
         "Efluentes Líquidos", "TB_POSTOEFLNTLIQDO", {"IEFLNTLIQDO"},
         {
-            f("Tipo", "IEFLNTLIQDO",
-              map({{"D", "Esgoto Doméstico"}, {"S", "Efluentes de Serviço"}},
-                  QStringLiteral("Drenagem de Tanque"))),
+            // A kind the list does not know reads as the last one.
+            f("Tipo", "IEFLNTLIQDO", codes("IEFLNTLIQDO", QStringLiteral("Drenagem de Tanque"))),
             f("Quantidade (m³/mês)", "QEFLNTLIQDO", decimal()),
             f("Sistema de Tratamento", "NTRATM", dictionary("DICNRTRATM", "NTRATM", "DTRATM")),
             f("Disposição Final", "NDISPSFINAL",
@@ -821,15 +767,7 @@ Layout effluents() {
 Layout waste() {
     return {{listOf("Resíduos", "TB_POSTORESDU", {"IRESDU"},
                     {
-                        f("Tipo", "IRESDU",
-                          map({{"D", "Doméstico"},
-                               {"Q", "Óleo Queimado"},
-                               {"L", "Limpeza de Tanque"},
-                               {"C", "Caixa de Retenção de Sólidos"},
-                               {"E", "Embalagens"},
-                               {"S", "Estopa"},
-                               {"F", "Filtros"},
-                               {"O", "Outros"}})),
+                        f("Tipo", "IRESDU", codes("IRESDU")),
                         f("Descrição", "DRESDU"),
                         f("Quantidade", "QRESDU", decimal()),
                         f("Unidade", "CUNIDDMEDDA",
@@ -842,52 +780,26 @@ Layout waste() {
 }
 
 Layout airEmissions() {
-    return {{listOf("Emissões Atmosféricas", "TB_POSTOPREVNEMISSAR", {"IFONTE"},
-                    {
-                        f("Fonte de Emissão", "IFONTE",
-                          map({{"R", "Respiro"},
-                               {"B", "Bico de Abastecimento"},
-                               {"C", "Braço de Carregamento"},
-                               {"T", "Tubo de Descarga"}},
-                              QStringLiteral("Outros"))),
-                        f("Descrição", "DFONTEOUTRO"),
-                        f("Dispositivo de Controle", "DDISPSCONTR"),
-                    })}};
+    return {{listOf(
+        "Emissões Atmosféricas", "TB_POSTOPREVNEMISSAR", {"IFONTE"},
+        {
+            f("Fonte de Emissão", "IFONTE", codes("IFONTE.EMISSAR", QStringLiteral("Outros"))),
+            f("Descrição", "DFONTEOUTRO"),
+            f("Dispositivo de Controle", "DDISPSCONTR"),
+        })}};
 }
 
 Layout noise() {
-    return {{listOf(
-        "Ruídos", "TB_POSTORUIDO", {"IFONTE"},
-        {
-            f("Equipamento", "IFONTE",
-              map({{"A", "Aspirador"},
-                   {"C", "Compressor para Serviço"},
-                   {"N", "Compressor para GNV"},
-                   {"G", "Gerador"},
-                   {"V", "Ventilador para secagem de veículos"}},
-                  QStringLiteral("Outros"))),
-            f("Descrição", "DFONTEOUTRO"),
-            f("Quantidade", "QFONTE", decimal(-1)),
-            f("Hora de Início de Funcionamento", "HINICIFUNCM", time()),
-            f("Hora de Término de Funcionamento", "HTERMNFUNCM", time()),
-            f("Medida de Controle", "DMEDDACONTR",
-              map({{"12", "Adequação de Lay-out e Isolamento Acústico"},
-                   {"123", "Adequação de Lay-out, Isolamento Acústico e Substituição de "
-                           "Equipamento"},
-                   {"1234", "Adequação de Lay-out, Isolamento Acústico, Substituição de "
-                            "Equipamento e Base Anti-Vibratória"},
-                   {"13", "Adequação de Lay-out e Substituição de Equipamento"},
-                   {"134", "Adequação de Lay-out, Substituição de Equipamento e Base "
-                           "Anti-Vibratória"},
-                   {"14", "Adequação de Lay-out e Base Anti-Vibratória"},
-                   {"124", "Adequação de Lay-out, Isolamento Acústico e Base Anti-Vibratória"},
-                   {"23", "Isolamento Acústico e Substituição de Equipamento"},
-                   {"24", "Isolamento Acústico e Base Anti-Vibratória"},
-                   {"234", "Isolamento Acústico, Substituição de Equipamento e Base "
-                           "Anti-Vibratória"},
-                   {"9", "Outras"},
-                   {"0", "Nenhuma"}})),
-        })}};
+    return {{listOf("Ruídos", "TB_POSTORUIDO", {"IFONTE"},
+                    {
+                        f("Equipamento", "IFONTE", codes("IFONTE.RUIDO", QStringLiteral("Outros"))),
+                        f("Descrição", "DFONTEOUTRO"),
+                        f("Quantidade", "QFONTE", decimal(-1)),
+                        f("Hora de Início de Funcionamento", "HINICIFUNCM", time()),
+                        f("Hora de Término de Funcionamento", "HTERMNFUNCM", time()),
+                        // A single measure is stored as its caption, which reads as itself.
+                        f("Medida de Controle", "DMEDDACONTR", codes("DMEDDACONTR")),
+                    })}};
 }
 
 Layout accidentPrevention() {

@@ -45,6 +45,9 @@ public:
 
     // The layouts that print, in order.
     std::vector<std::string_view> reports() const;
+    // The body of a report that prints, as the rich text laid out below its band; empty for a
+    // report that does not print.
+    QString body(std::string_view id) const;
 
     // Lays every report out on the paper of `device` and paints the whole chain with
     // continuous page numbers. Returns the number of pages. Throws store::Failure when the

@@ -2,6 +2,7 @@
 
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/PrivateFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -68,7 +69,7 @@ QString writeBackup(Database& db, const QDateTime& when) {
     const QString path = backupPath(db.path(), when);
     const QDir folder = QFileInfo(path).absoluteDir();
     const bool newFolder = !folder.exists();
-    if (!QDir().mkpath(folder.path()))
+    if (!makePrivateFolder(folder.path()))
         throw backupFailure(path, QStringLiteral("não foi possível criar a pasta %1")
                                       .arg(QDir::toNativeSeparators(folder.path())));
     // What a copy broken off earlier left (the program killed while it wrote) is no backup.
@@ -86,7 +87,9 @@ QString writeBackup(Database& db, const QDateTime& when) {
         return backupFailure(path, reason);
     };
     try {
-        // VACUUM INTO writes a complete, consistent database even while this connection is open.
+        // VACUUM INTO writes a complete, consistent database even while this connection is open;
+        // it fills the empty private file made here as it would a missing one.
+        makePrivateFile(partial);
         db.run(QStringLiteral("VACUUM INTO ?"), {partial});
     } catch (const Failure& failure) {
         throw giveUp(reasonText(failure));

@@ -2,6 +2,7 @@
 
 #include "rules/Address.h"
 #include "ui/FieldBehaviour.h"
+#include "ui/FieldSupport.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -128,24 +129,24 @@ AddressValues AddressPanel::values() const {
 void AddressPanel::setValues(const AddressValues& v) {
     const AddressFields& f = fields();
     if (m_company)
-        m_company->setText(v.company);
+        showWhole(m_company, v.company);
     if (m_contact)
-        m_contact->setText(v.contact);
-    f.street->setText(v.street);
-    f.number->setText(v.number);
-    f.complement->setText(v.complement);
-    f.district->setText(v.district);
+        showWhole(m_contact, v.contact);
+    showWhole(f.street, v.street);
+    showWhole(f.number, v.number);
+    showWhole(f.complement, v.complement);
+    showWhole(f.district, v.district);
     setClipText(f.cep, v.cep);
     if (v.municipality)
         m_block->setMunicipality(*v.municipality);
     else
         f.municipality->setCurrentIndex(-1);
     if (!v.state.isEmpty())
-        f.state->setText(v.state);
+        showWhole(f.state, v.state);
     f.ddd->setText(rules::formataDdd(v.ddd));
     setClipText(f.telephone, v.telephone);
     setClipText(f.fax, v.fax);
-    f.email->setText(v.email);
+    showWhole(f.email, v.email);
 }
 
 void AddressPanel::clear() {

@@ -42,6 +42,7 @@ public:
     struct Decimal {
         int maxLength;
         int places;
+        QString excessMessage;
     };
     std::optional<Decimal> decimal;
     QString displayMask;
@@ -163,7 +164,11 @@ private:
         if (excess == 0)
             return;
         QPointer<QLineEdit> edit = m_edit;
-        dialogs().message(kTitle, rules::casasDecimaisMessage(decimal->places), Icon::Critical);
+        dialogs().message(kTitle,
+                          decimal->excessMessage.isEmpty()
+                              ? rules::casasDecimaisMessage(decimal->places)
+                              : decimal->excessMessage,
+                          Icon::Critical);
         if (!edit)
             return;
         const int cursor = edit->cursorPosition();
@@ -272,8 +277,8 @@ void attachDigits(QLineEdit* edit) {
     FieldBehaviour::of(edit)->digits = true;
 }
 
-void attachDecimal(QLineEdit* edit, int maxLength, int places) {
-    FieldBehaviour::of(edit)->decimal = FieldBehaviour::Decimal{maxLength, places};
+void attachDecimal(QLineEdit* edit, int maxLength, int places, const QString& excessMessage) {
+    FieldBehaviour::of(edit)->decimal = FieldBehaviour::Decimal{maxLength, places, excessMessage};
 }
 
 void attachDisplayMask(QLineEdit* edit, const QString& mask) {

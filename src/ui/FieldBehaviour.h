@@ -25,8 +25,9 @@ void attachUpperCase(QLineEdit* edit);
 void attachDigits(QLineEdit* edit);
 // A decimal number with a comma (FiltroDecimal and ConfereCasas): digits, and one comma after
 // at least one digit, which widens the field to `maxLength`. More than `places` decimals
-// shows "Digitar apenas N casas decimais" and takes the last one typed away.
-void attachDecimal(QLineEdit* edit, int maxLength, int places);
+// shows "Digitar apenas N casas decimais", or the screen's own `excessMessage`, and takes the
+// last one typed away.
+void attachDecimal(QLineEdit* edit, int maxLength, int places, const QString& excessMessage = {});
 // A display mask of "@" places and literals ("@@.@@@.@@@/@@@@-@@"): taken off when the field
 // gets the focus (TiraMascara), put on when it leaves (PoeMascara).
 void attachDisplayMask(QLineEdit* edit, const QString& mask);

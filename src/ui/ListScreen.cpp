@@ -1,6 +1,7 @@
 #include "ui/ListScreen.h"
 
 #include "rules/Formats.h"
+#include "store/CodeLists.h"
 #include "store/Database.h"
 #include "ui/BusyCursor.h"
 #include "ui/ErrorRoutine.h"
@@ -13,11 +14,13 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QTableWidget>
+#include <QTime>
 #include <QVBoxLayout>
 
 namespace ui {
@@ -34,14 +37,35 @@ QString shownValue(const QVariant& value, const GridColumn& column) {
     if (value.isNull())
         return {};
     const QString stored = value.toString();
-    if (column.kind == GridColumn::Kind::Date) {
+    switch (column.kind) {
+    case GridColumn::Kind::Date: {
         const QDate date = QDate::fromString(stored.left(10), Qt::ISODate);
         return date.isValid() ? rules::shortDate(date) : stored;
+    }
+    case GridColumn::Kind::Decimal: {
+        bool number = false;
+        const double amount = value.toDouble(&number);
+        return number ? QString::number(amount, 'f', 2).replace(QLatin1Char('.'), QLatin1Char(','))
+                      : stored;
+    }
+    case GridColumn::Kind::Time: {
+        const QTime time = QTime::fromString(stored.left(5), QStringLiteral("HH:mm"));
+        return time.isValid() ? time.toString(QStringLiteral("HH:mm")) : stored;
+    }
+    case GridColumn::Kind::Text:
+        break;
     }
     return column.labels.value(stored, stored);
 }
 
 } // namespace
+
+QHash<QString, QString> codeLabels(std::string_view list) {
+    QHash<QString, QString> labels;
+    for (const store::Code& code : store::codeList(list))
+        labels.insert(code.code.toString(), code.label);
+    return labels;
+}
 
 ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* parent)
     : Screen(parent)
@@ -71,17 +95,32 @@ ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* par
         for (int c = 0; c < int(lvl.columns.size()); ++c) {
             grid->setHorizontalHeaderItem(
                 c, new QTableWidgetItem(lvl.columns[std::size_t(c)].heading));
-            // No heading is cut: a column is at least as wide as its heading.
-            grid->setColumnWidth(c, std::max(lvl.columns[std::size_t(c)].width,
-                                             grid->horizontalHeader()->sectionSizeHint(c)));
+            // No heading is cut: a column is at least as wide as its heading. A column of width
+            // 0 carries a key that the rows are known by and is not shown.
+            if (lvl.columns[std::size_t(c)].width == 0)
+                grid->setColumnHidden(c, true);
+            else
+                grid->setColumnWidth(c, std::max(lvl.columns[std::size_t(c)].width,
+                                                 grid->horizontalHeader()->sectionSizeHint(c)));
         }
         frameLayout->addWidget(grid);
         layout->addWidget(frame, 1);
         m_grids.push_back(grid);
         const int level = int(i);
         connect(grid, &QTableWidget::cellClicked, this, [this, level] { gridClicked(level); });
+        // A click beside the rows (an empty grid has nothing else) is a click in the grid too.
+        grid->viewport()->installEventFilter(this);
         connect(grid, &QTableWidget::cellDoubleClicked, this,
                 [this, level] { gridDoubleClicked(level); });
+        // Mouse, keyboard or program: on a level with fixed rows, cmdAlterar and cmdExcluir
+        // follow the row the grid stands on.
+        connect(grid, &QTableWidget::currentCellChanged, this, [this, level] {
+            if (m_loading || level != m_level || !m_def.levels[std::size_t(level)].fixedRow)
+                return;
+            const bool open = currentRow(level) > 0 && !onFixedRow(level);
+            m_alterar->setEnabled(open);
+            m_excluir->setEnabled(open);
+        });
     }
     connect(m_grids.front(), &QTableWidget::currentCellChanged, this,
             [this](int row, int, int previousRow) {
@@ -151,6 +190,7 @@ void ListScreen::enter() {
     m_excluir->setEnabled(hasRows);
     for (int level = 0; level < levelCount(); ++level)
         selectRow(level);
+    keepFixedRowShut();
 }
 
 void ListScreen::showEvent(QShowEvent* event) {
@@ -169,10 +209,26 @@ int ListScreen::dataRows(int level) const {
     return grid(level)->rowCount();
 }
 
+bool ListScreen::onFixedRow(int level) const {
+    const ListLevel& lvl = m_def.levels[std::size_t(level)];
+    if (!lvl.fixedRow || currentRow(level) == 0)
+        return false;
+    const ListSelection rows = selection();
+    return lvl.fixedRow(level == 0 ? rows.main : rows.detail);
+}
+
+void ListScreen::keepFixedRowShut() {
+    if (onFixedRow(m_level)) {
+        m_alterar->setEnabled(false);
+        m_excluir->setEnabled(false);
+    }
+}
+
 ListSelection ListScreen::selection() const {
     ListSelection rows;
     for (int level = 0; level < levelCount(); ++level) {
         QStringList& cells = level == 0 ? rows.main : rows.detail;
+        QVariantList& stored = level == 0 ? rows.mainStored : rows.detailStored;
         const QTableWidget* g = grid(level);
         const int row = currentRow(level);
         if (row == 0)
@@ -180,6 +236,7 @@ ListSelection ListScreen::selection() const {
         for (int c = 0; c < g->columnCount(); ++c) {
             const QTableWidgetItem* item = g->item(row - 1, c);
             cells << (item ? item->text() : QString());
+            stored << (item ? item->data(Qt::UserRole) : QVariant());
         }
     }
     return rows;
@@ -201,6 +258,7 @@ void ListScreen::fillGrid(int level) {
                 for (int c = 0; c < int(lvl.columns.size()); ++c) {
                     auto* item = new QTableWidgetItem(
                         shownValue(rows.value(c), lvl.columns[std::size_t(c)]));
+                    item->setData(Qt::UserRole, rows.value(c));
                     item->setTextAlignment(Qt::AlignCenter);
                     g->setItem(r, c, item);
                 }
@@ -268,14 +326,36 @@ void ListScreen::updateButtons() {
         m_incluir->setEnabled(true);
         m_alterar->setEnabled(mainRows);
         m_excluir->setEnabled(mainRows);
-        return;
+    } else {
+        // A detail row is added in the forced chain after its parent was saved, or after a
+        // click in the detail grid: the option alone does not offer it.
+        const bool detailRows = mainRows && dataRows(1) > 0;
+        m_incluir->setEnabled(false);
+        m_alterar->setEnabled(detailRows);
+        m_excluir->setEnabled(detailRows);
     }
-    // A detail row is added in the forced chain after its parent was saved, or after a click
-    // in the detail grid: the option alone does not offer it.
-    const bool detailRows = mainRows && dataRows(1) > 0;
-    m_incluir->setEnabled(false);
-    m_alterar->setEnabled(detailRows);
-    m_excluir->setEnabled(detailRows);
+    keepFixedRowShut();
+}
+
+bool ListScreen::eventFilter(QObject* watched, QEvent* event) {
+    const bool release = event->type() == QEvent::MouseButtonRelease;
+    const bool twice = event->type() == QEvent::MouseButtonDblClick;
+    if (release || twice) {
+        for (int level = 0; level < levelCount(); ++level) {
+            QTableWidget* g = grid(level);
+            if (watched != g->viewport())
+                continue;
+            const auto* mouse = static_cast<QMouseEvent*>(event);
+            if (g->indexAt(mouse->position().toPoint()).isValid())
+                break; // a row: the grid's own signals report it
+            if (release)
+                gridClicked(level);
+            else
+                gridDoubleClicked(level);
+            break;
+        }
+    }
+    return Screen::eventFilter(watched, event);
 }
 
 void ListScreen::gridClicked(int level) {
@@ -283,6 +363,8 @@ void ListScreen::gridClicked(int level) {
         return;
     setLevel(level);
     grid(level)->setFocus();
+    if (onFixedRow(level))
+        return;
     QPushButton* next = dataRows(level) > 0 ? m_alterar : m_incluir;
     next->setEnabled(true);
     next->setFocus();
@@ -291,6 +373,8 @@ void ListScreen::gridClicked(int level) {
 void ListScreen::gridDoubleClicked(int level) {
     if (levelCount() > 1)
         setLevel(level);
+    if (onFixedRow(level))
+        return;
     if (dataRows(level) > 0)
         alter();
     else
@@ -307,7 +391,7 @@ void ListScreen::insert(bool forced) {
         operation = m_def.levels[0].insertOperation;
     } else {
         if (dataRows(0) == 0) {
-            showRefusal({nullptr, m_def.noParentMessage});
+            showRefusal({QString(), m_def.noParentMessage});
             return;
         }
         if (m_def.checkDetailInsert) {
@@ -325,7 +409,7 @@ void ListScreen::insert(bool forced) {
 }
 
 void ListScreen::alter() {
-    if (currentRow(0) == 0 || (m_level == 1 && currentRow(1) == 0))
+    if (currentRow(0) == 0 || (m_level == 1 && currentRow(1) == 0) || onFixedRow(m_level))
         return;
     if (m_level == 1 && m_def.checkDetailAlter) {
         Check refused;
@@ -356,7 +440,7 @@ void ListScreen::openMaintenance(const QString& operation, bool forced) {
 void ListScreen::remove() {
     session().linhaPrincipal = currentRow(0);
     const int level = m_level;
-    if (currentRow(level) == 0)
+    if (currentRow(level) == 0 || onFixedRow(level))
         return;
     const ListLevel& lvl = m_def.levels[std::size_t(level)];
     if (!dialogs().ask(kTitle, lvl.deleteQuestion, Icon::Question, false))

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QVariantList>
 #include <functional>
+#include <string_view>
 #include <vector>
 
 class QGroupBox;
@@ -32,7 +33,9 @@ struct Query {
 
 // One column of a list grid: its heading, its width, and how a stored value is shown.
 struct GridColumn {
-    enum class Kind { Text, Date };
+    // Text as stored (or its label); Date dd/MM/yyyy; Decimal with two places and the decimal
+    // comma, no thousands ("1234,50"); Time hh:mm.
+    enum class Kind { Text, Date, Decimal, Time };
 
     GridColumn(QString heading, int width, Kind kind = Kind::Text,
                QHash<QString, QString> labels = {})
@@ -42,17 +45,23 @@ struct GridColumn {
         , labels(std::move(labels)) {}
 
     QString heading;
-    int width = 100;
+    int width = 100; // 0: a hidden column, whose cells the selection still carries
     Kind kind = Kind::Text;
     // Stored code to the label that the grid shows instead; empty for a column shown as stored.
     QHash<QString, QString> labels;
 };
 
+// The captions of a code list (store/CodeLists) by code, for a grid column that shows them.
+QHash<QString, QString> codeLabels(std::string_view list);
+
 // The selected rows of the list's grids as they are shown (labels, dates dd/MM/yyyy): what a
-// maintenance screen starts from.
+// maintenance screen starts from. Beside them the values as the query gave them, codes before
+// their labels, so that a row is found again by what is stored and never by a caption.
 struct ListSelection {
     QStringList main;
     QStringList detail;
+    QVariantList mainStored;
+    QVariantList detailStored;
 };
 
 // One level of a list: the main rows (level 0) or the rows of the selected main row (level 1).
@@ -70,6 +79,9 @@ struct ListLevel {
     // The deletes of cmdExcluir, children first; they run inside one transaction.
     std::function<void(store::Database& db, const Session& session, const ListSelection& rows)>
         cascade;
+    // A row that the program keeps itself (a computed total), told by its cells as shown: it
+    // can be selected, but never opened, changed or deleted, whichever way it was reached.
+    std::function<bool(const QStringList& row)> fixedRow;
 };
 
 // Everything that tells one list screen from another.
@@ -114,6 +126,8 @@ public:
     int currentRow(int level) const;
     int dataRows(int level) const;
     ListSelection selection() const;
+    // Whether the current row of the level is one that the program keeps (fixedRow).
+    bool onFixedRow(int level) const;
 
     // The buttons.
     void include();
@@ -128,6 +142,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     Session& session() const;
@@ -137,6 +152,8 @@ private:
     void setCurrentRow(int level, int row, bool toTop);
     void keepRows();
     void updateButtons();
+    // cmdAlterar and cmdExcluir off while the current row is a fixed one.
+    void keepFixedRowShut();
     void gridClicked(int level);
     void gridDoubleClicked(int level);
     void insert(bool forced);

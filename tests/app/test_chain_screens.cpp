@@ -29,16 +29,7 @@ private slots:
                 missing << name;
         }
         // Every screen added to the program leaves this list.
-        const QStringList expected = {
-            "frmPostoRespnContt",      "frmPostoDistrConsl",      "frmPosto",
-            "frmPostoUSOOCUPCSOLO",    "frmPostoContrEstq",       "frmPostoHistrVazmnSubtr",
-            "frmPostoProtcCatdcSubtr", "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo",
-            "frmPostoProtcCatdcAereo", "frmPostoMontrAmbntAereo", "frmBaciaContn",
-            "frmPostoGasBatri",        "frmPostoGasCompr",        "frmPostoGasBomba",
-            "frmPostoMovmn",           "frmPostoAreaServc",       "frmPostoConsmAgua",
-            "frmPostoEflntLiqdo",      "frmPostoResdu",           "frmPostoPrevnEmissAr",
-            "frmPostoRuido",           "frmPostoPrevnAcidn",      "frmPostoEntrg",
-        };
+        const QStringList expected = {};
         QCOMPARE(missing, expected);
     }
 

@@ -153,6 +153,11 @@ private slots:
         QTest::newRow("a number") << QVariant(1234.5) << "1234.5" << QVariant(1234.5);
         QTest::newRow("an integer") << QVariant(42) << "42" << QVariant(42.0);
         QTest::newRow("null") << QVariant() << "" << null;
+        // A Null read from the database carries its column's type: no zero may come of it.
+        QTest::newRow("typed null integer") << QVariant(QMetaType::fromType<int>()) << "" << null;
+        QTest::newRow("typed null long")
+            << QVariant(QMetaType::fromType<qlonglong>()) << "" << null;
+        QTest::newRow("typed null double") << null << "" << null;
         QTest::newRow("empty text") << QVariant("") << "" << null;
         QTest::newRow("a date") << QVariant(QDate(2024, 3, 15)) << "" << null;
         QTest::newRow("not a number keeps the text") << QVariant("abc") << "abc" << QVariant("abc");

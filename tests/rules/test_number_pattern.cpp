@@ -27,6 +27,9 @@ private slots:
             << "91234-5678";
         QTest::newRow("Null is empty, not zeros") << QVariant() << "###0-0000"
                                                   << "";
+        QTest::newRow("Null read from a number column")
+            << QVariant(QMetaType::fromType<int>()) << "00000-000"
+            << "";
         QTest::newRow("text that is no number") << QVariant("abc") << "000"
                                                 << "";
         QTest::newRow("number as text") << QVariant("13024040") << "00000-000"

@@ -21,10 +21,9 @@ public:
     ui::Session& session() override { return m_session; }
 
     void showScreen(QWidget* screen) override {
-        if (m_current) {
-            m_current->hide();
-            m_current->deleteLater();
-        }
+        QPointer<QWidget> old = m_current;
+        if (old)
+            old->hide();
         m_current = screen;
         screen->resize(1024, 768);
         screen->show();
@@ -32,6 +31,10 @@ public:
         // The checks of leaving a field need the focus events of an active window.
         if (!QTest::qWaitForWindowActive(screen, 2000))
             qWarning("the screen did not become active");
+        // Only now: the wait deletes what is marked for deletion, and the old screen may be in
+        // the middle of the handler that put this one up (a double click in its grid, say).
+        if (old)
+            old->deleteLater();
     }
     void leaveQuestionnaire() override {
         if (m_current) {

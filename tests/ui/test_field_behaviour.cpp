@@ -179,6 +179,18 @@ private slots:
         QCOMPARE(dialogs.texts(), QStringList{"Digitar apenas 2 casas decimais"});
     }
 
+    // A screen that words the refusal of a third decimal its own way.
+    void decimalWithItsOwnMessage() {
+        testsupport::ScriptedDialogs dialogs;
+        Form form;
+        QVERIFY(form.ready());
+        form.field->setMaxLength(15);
+        ui::attachDecimal(form.field, 15, 2, "Apenas 2 casas decimais serão consideradas");
+        form.type("12,345");
+        QCOMPARE(form.field->text(), QStringLiteral("12,34"));
+        QCOMPARE(dialogs.texts(), QStringList{"Apenas 2 casas decimais serão consideradas"});
+    }
+
     void displayMask() {
         Form form;
         QVERIFY(form.ready());
