@@ -3,14 +3,15 @@ BUILD ?= build
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=Debug
 JOBS ?= $(shell nproc)
 
-.PHONY: all bootstrap build run demo test bench asan format format-check clean
+.PHONY: all bootstrap build run demo test package bench asan format format-check clean
 
 all: build
 
 bootstrap:
 	@scripts/bootstrap
 
-$(BUILD)/build.ninja:
+# Again when the list of packages grows, so that an existing build folder gets them too.
+$(BUILD)/build.ninja: scripts/bootstrap
 	@scripts/bootstrap
 	cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS)
 
@@ -32,6 +33,23 @@ demo: build
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
+# The Debian package vor_<version>_amd64.deb, into this folder: a release build with Debian's
+# hardening flags, without the tests, in a build directory of its own; then lintian on it.
+# Its dates are those of the last commit, so that the same commit gives the same package.
+PACKAGE_BUILD ?= build-package
+package:
+	@scripts/bootstrap
+	export DEB_BUILD_MAINT_OPTIONS=hardening=+all \
+		SOURCE_DATE_EPOCH=$$(git log -1 --format=%ct 2>/dev/null || date +%s) && \
+	cmake -S . -B $(PACKAGE_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Release -DVOR_TESTS=OFF \
+		-DVOR_WERROR=OFF -DCMAKE_INSTALL_PREFIX=/usr \
+		-DCMAKE_CXX_FLAGS="$$(dpkg-buildflags --get CXXFLAGS) $$(dpkg-buildflags --get CPPFLAGS)" \
+		-DCMAKE_EXE_LINKER_FLAGS="$$(dpkg-buildflags --get LDFLAGS)"
+	rm -f $(PACKAGE_BUILD)/*.deb
+	cmake --build $(PACKAGE_BUILD) --target package -j $(JOBS)
+	cp $(PACKAGE_BUILD)/vor_*.deb .
+	lintian --fail-on error $$(basename $(PACKAGE_BUILD)/vor_*.deb)
+
 # The import of 10,000 joined files beside a plain bulk insert of the same rows (REGISTERS=N
 # for another size). Not part of the tests. Built as a release for figures that mean something.
 REGISTERS ?= 10000
@@ -51,4 +69,4 @@ format-check:
 	clang-format --dry-run --Werror $$(git ls-files '*.cpp' '*.h')
 
 clean:
-	rm -rf build build-asan build-bench
+	rm -rf build build-asan build-bench build-package

@@ -1,13 +1,16 @@
 #include "app/CommandLine.h"
 
+#include "app/Identity.h"
 #include "app/Paths.h"
 #include "app/PrintCommand.h"
 #include "app/Screens.h"
 #include "app/Startup.h"
+#include "app/SystemKeyring.h"
 #include "establishment/RegisterRecord.h"
 #include "exchange/ExportFailure.h"
 #include "exchange/Exporter.h"
 #include "exchange/Importer.h"
+#include "exchange/MailPassword.h"
 #include "rules/Formats.h"
 #include "shell/MainWindow.h"
 #include "shell/Objective.h"
@@ -15,6 +18,7 @@
 #include "shell/StartupChecks.h"
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/PrivateFiles.h"
 #include "store/RegisterKey.h"
 #include "store/TableCatalogue.h"
 #include "ui/ErrorRoutine.h"
@@ -22,8 +26,11 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QIcon>
 #include <QScreen>
+#include <QSettings>
 #include <QTextStream>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -241,11 +248,25 @@ int runDesktop(int argc, char* argv[]) {
         return 2;
     }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("vor"));
-    QApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
+    identifyApplication();
+    // Found in the icon theme once installed; from the build folder the window has none.
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral(VOR_APP_ID)));
     QCommandLineParser parser;
     describe(parser, QString());
-    parser.process(application);
+    processArguments(parser);
+
+    // The mail password lives in the desktop's keyring; earlier versions kept it in the
+    // settings file, which is now the owner's only and loses it.
+    SystemKeyring systemKeyring;
+    const exchange::KeyringOverride keyringInUse(systemKeyring);
+    {
+        QSettings settings;
+        store::makeSettingsPrivate(settings);
+        if (exchange::movePlainPassword(settings) == exchange::PlainPassword::KeptForSession)
+            err() << "vor: não há chaveiro do sistema nesta sessão; a senha do e-mail saiu do "
+                     "arquivo de configuração e vale só até o programa ser fechado."
+                  << Qt::endl;
+    }
 
     const QString path = databasePath(parser.value(QStringLiteral("database")));
     reportIncoming(takeIncomingDatabase(path), path);
@@ -272,6 +293,14 @@ int runDesktop(int argc, char* argv[]) {
 
 } // namespace
 
+void processArguments(QCommandLineParser& parser) {
+    if (!parser.parse(QCoreApplication::arguments())) {
+        err() << "vor: " << parser.errorText() << Qt::endl;
+        std::exit(2);
+    }
+    parser.process(*QCoreApplication::instance());
+}
+
 int runCommandLine(int argc, char* argv[]) {
     // Printing lays out pages and so needs a GUI application of its own.
     if (argc > 1 && std::strcmp(argv[1], "print") == 0)
@@ -284,8 +313,7 @@ int runCommandLine(int argc, char* argv[]) {
         return runDesktop(argc, argv);
 
     QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("vor"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
+    identifyApplication();
     QCommandLineParser parser;
     describe(parser, QStringLiteral("init | summary | export | import | demo-register"));
     parser.addOption({QStringLiteral("register"),
@@ -296,7 +324,7 @@ int runCommandLine(int argc, char* argv[]) {
     parser.addOption({QStringLiteral("yes"),
                       QStringLiteral("import: go on without asking; the database's registers are "
                                      "replaced by those of the files.")});
-    parser.process(application);
+    processArguments(parser);
 
     const QStringList args = parser.positionalArguments();
     const QString command = args.value(0);

@@ -1,5 +1,7 @@
 #include "app/PrintCommand.h"
 
+#include "app/CommandLine.h"
+#include "app/Identity.h"
 #include "printing/Memorial.h"
 #include "store/Database.h"
 #include "store/Failure.h"
@@ -25,8 +27,7 @@ int runPrintCommand(int argc, char* argv[]) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationName(QStringLiteral("vor"));
-    QGuiApplication::setApplicationVersion(QStringLiteral(VOR_VERSION));
+    identifyApplication();
     QTextStream out(stdout);
     QTextStream err(stderr);
 
@@ -42,7 +43,7 @@ int runPrintCommand(int argc, char* argv[]) {
     parser.addOption(
         {QStringLiteral("pdf"), QStringLiteral("The PDF file to write."), QStringLiteral("FILE")});
     parser.addPositionalArgument(QStringLiteral("print"), QStringLiteral("The command."));
-    parser.process(application);
+    processArguments(parser);
 
     const QString database = parser.value(QStringLiteral("database"));
     const QString code = parser.value(QStringLiteral("register"));

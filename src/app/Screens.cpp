@@ -1,6 +1,7 @@
 #include "app/Screens.h"
 
 #include "fuel/FuelScreens.h"
+#include "gas/GasScreens.h"
 #include "shell/QuestionnaireFrame.h"
 
 namespace app {
@@ -8,6 +9,7 @@ namespace app {
 void registerScreens() {
     shell::registerScreens();
     fuel::registerScreens();
+    gas::registerScreens();
 }
 
 } // namespace app

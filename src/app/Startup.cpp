@@ -6,9 +6,9 @@
 #include "store/Backup.h"
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/PrivateFiles.h"
 #include "ui/Dialogs.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -30,6 +30,8 @@ IncomingResult carryOverInto(const QString& incoming, const QString& databasePat
     QFile::remove(work);
     if (!QFile::copy(incoming, work))
         return failed(work, QStringLiteral("Não foi possível copiar ") + incoming);
+    // A copy keeps the permissions of the file the release left.
+    store::narrowToOwner(work);
 
     IncomingResult result;
     try {
@@ -51,7 +53,7 @@ IncomingResult carryOverInto(const QString& incoming, const QString& databasePat
     }
 
     result.backupPath = store::backupPath(databasePath, QDateTime::currentDateTime());
-    QDir().mkpath(QFileInfo(result.backupPath).absolutePath());
+    store::makePrivateFolder(QFileInfo(result.backupPath).absolutePath());
     if (!QFile::rename(databasePath, result.backupPath))
         return failed(work, QStringLiteral("Não foi possível guardar ") + databasePath);
     if (!QFile::rename(work, databasePath)) {
@@ -70,15 +72,20 @@ IncomingResult takeIncomingDatabase(const QString& databasePath) {
     IncomingResult result;
     if (!QFileInfo::exists(incoming))
         return result;
+    // The carry-over fills a copy beside the waiting file with every register.
+    store::narrowToOwner(QFileInfo(incoming).absolutePath());
     if (QFileInfo::exists(databasePath))
         return carryOverInto(incoming, databasePath);
-    QDir().mkpath(QFileInfo(databasePath).absolutePath());
+    store::makePrivateFolder(QFileInfo(databasePath).absolutePath());
     result.outcome = IncomingOutcome::MovedInto;
-    if (QFile::rename(incoming, databasePath))
+    if (QFile::rename(incoming, databasePath)) {
+        store::narrowToOwner(databasePath);
         return result;
+    }
     // Across file systems a rename fails: copy, and remove the original only once the copy
     // is complete.
     if (QFile::copy(incoming, databasePath)) {
+        store::narrowToOwner(databasePath);
         QFile::remove(incoming);
         return result;
     }

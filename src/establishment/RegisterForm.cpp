@@ -493,11 +493,7 @@ bool RegisterForm::leaveCheck(QWidget* widget, bool onOk) {
 
 void RegisterForm::refuse(const Refusal& refusal) {
     m_inLeaveCheck = true;
-    ui::dialogs().message(refusal.title, refusal.message, refusal.icon);
-    if (auto* field = findChild<QWidget*>(refusal.field)) {
-        field->setEnabled(true);
-        field->setFocus();
-    }
+    ui::showRefusal(refusal, this);
     m_inLeaveCheck = false;
 }
 

@@ -6,8 +6,8 @@
 #include "rules/Formats.h"
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/ReferenceQueries.h"
 #include "store/SqlValues.h"
-#include "ui/AddressBlock.h"
 #include "ui/Session.h"
 
 #include <QSqlQuery>
@@ -21,7 +21,7 @@ bool blank(const QString& text) {
 }
 
 Refusal refuse(const char* field, const QString& message, ui::Icon icon = ui::Icon::Critical) {
-    return Refusal{QString::fromLatin1(field), message, icon, ui::kTitle};
+    return Refusal{QString::fromLatin1(field), message, icon};
 }
 
 // A number column: the digits as a number, or Null when empty. A text that is not all digits
@@ -132,7 +132,7 @@ CheckResult consistirDados(store::Database& db, const RegisterFields& f, const C
     if (!blank(f.municipio)) {
         if (!changing)
             nmuncp = f.municipioCodigo;
-        const rules::CepCheck cep = ui::consscep(db, f.cep.trimmed(), nmuncp);
+        const rules::CepCheck cep = store::consscep(db, f.cep.trimmed(), nmuncp);
         if (!cep.message.isEmpty())
             return fail(
                 refuse("txtCCEP", QStringLiteral("CEP Inválido para o Município"), ui::Icon::None));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "store/RegisterKey.h"
-#include "ui/Dialogs.h"
+#include "ui/Refusal.h"
 
 #include <QDate>
 #include <QString>
@@ -53,13 +53,9 @@ struct RegisterFields {
     QString pack() const;
 };
 
-// The first check of Ok that failed: the field (objectName) that gets the focus and the message.
-struct Refusal {
-    QString field;
-    QString message;
-    ui::Icon icon = ui::Icon::Critical;
-    QString title = ui::kTitle;
-};
+// The first check of Ok that failed names its field by objectName: the checks run apart from
+// the form too, for the command line.
+using ui::Refusal;
 
 struct CheckContext {
     int objective = 0;     // gObjetivo

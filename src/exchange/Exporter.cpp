@@ -4,6 +4,7 @@
 #include "exchange/Record.h"
 #include "exchange/Tokeniser.h"
 #include "store/Database.h"
+#include "store/PrivateFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -99,6 +100,7 @@ void Exporter::writeFile(const QString& path, const QByteArray& bytes) {
     if (m_factory) {
         device = m_factory(path);
     } else {
+        store::makePrivateFile(path);
         device = std::make_unique<QFile>(path);
     }
     if (!device->isOpen() &&

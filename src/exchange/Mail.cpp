@@ -1,10 +1,13 @@
 #include "exchange/Mail.h"
 
+#include "exchange/MailPassword.h"
 #include "store/Database.h"
+#include "store/PrivateFiles.h"
 
 #include <QFile>
 #include <QSettings>
 #include <QUuid>
+#include <arpa/inet.h>
 #include <curl/curl.h>
 #include <memory>
 #include <mutex>
@@ -55,28 +58,51 @@ curl_slist* append(curl_slist* list, const QByteArray& line) {
     return curl_slist_append(list, line.constData());
 }
 
+// "localhost", or an address of this machine's loopback (127.0.0.0/8, ::1, ::ffff:127.x.x.x),
+// as written: no name is looked up.
+bool isLoopback(const QString& host) {
+    if (host.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0)
+        return true;
+    const QByteArray text = host.toLatin1();
+    in_addr v4{};
+    if (inet_pton(AF_INET, text.constData(), &v4) == 1)
+        return (ntohl(v4.s_addr) >> 24) == 127;
+    in6_addr v6{};
+    if (inet_pton(AF_INET6, text.constData(), &v6) == 1)
+        return IN6_IS_ADDR_LOOPBACK(&v6) || (IN6_IS_ADDR_V4MAPPED(&v6) && v6.s6_addr[12] == 127);
+    return false;
+}
+
 } // namespace
 
 MailSettings MailSettings::load(QSettings& settings) {
     MailSettings s;
     s.recipient = settings.value(kGroup + QStringLiteral("recipient")).toString();
     s.host = settings.value(kGroup + QStringLiteral("host")).toString();
-    s.port = settings.value(kGroup + QStringLiteral("port"), 25).toInt();
-    s.security = securityFromName(settings.value(kGroup + QStringLiteral("security")).toString());
+    s.port = settings.value(kGroup + QStringLiteral("port"), s.port).toInt();
+    s.security = securityFromName(
+        settings.value(kGroup + QStringLiteral("security"), securityName(s.security)).toString());
     s.user = settings.value(kGroup + QStringLiteral("user")).toString();
-    s.password = settings.value(kGroup + QStringLiteral("password")).toString();
     s.sender = settings.value(kGroup + QStringLiteral("sender")).toString();
+    s.authorities = settings.value(kGroup + QStringLiteral("authorities")).toString();
     return s;
 }
 
 void MailSettings::save(QSettings& settings) const {
+    // Made private before the first write: the settings keep the permissions of their file.
+    store::makeSettingsPrivate(settings);
     settings.setValue(kGroup + QStringLiteral("recipient"), recipient);
     settings.setValue(kGroup + QStringLiteral("host"), host);
     settings.setValue(kGroup + QStringLiteral("port"), port);
     settings.setValue(kGroup + QStringLiteral("security"), securityName(security));
     settings.setValue(kGroup + QStringLiteral("user"), user);
-    settings.setValue(kGroup + QStringLiteral("password"), password);
     settings.setValue(kGroup + QStringLiteral("sender"), sender);
+    if (authorities.isEmpty())
+        settings.remove(kGroup + QStringLiteral("authorities"));
+    else
+        settings.setValue(kGroup + QStringLiteral("authorities"), authorities);
+    settings.remove(kPlainPasswordSetting);
+    settings.sync();
 }
 
 MailSettings MailSettings::load() {
@@ -125,11 +151,27 @@ MailMessage exportMail(const MailObjective& objective, const QString& companyNam
     return m;
 }
 
+std::optional<QString> plainLoginRefusal(const MailSettings& settings) {
+    if (settings.user.isEmpty() || settings.security != MailSettings::Security::None)
+        return std::nullopt;
+    // Judged by the name as typed, before any lookup: the password must not leave the machine
+    // to find out where a name leads.
+    const QString host = settings.host.trimmed();
+    if (isLoopback(host))
+        return std::nullopt;
+    return QStringLiteral("a conexão com o servidor %1 não é criptografada, e o usuário e a senha "
+                          "não são enviados sem criptografia. Escolha STARTTLS ou SSL/TLS em "
+                          "\"Segurança\", na configuração do e-mail.")
+        .arg(host);
+}
+
 std::optional<QString> sendMail(const MailSettings& settings, const MailMessage& message) {
     if (settings.host.trimmed().isEmpty())
         return QStringLiteral("o servidor de e-mail (SMTP) não está configurado.");
     if (settings.recipient.trimmed().isEmpty())
         return QStringLiteral("a caixa postal do órgão não está configurada.");
+    if (const auto refusal = plainLoginRefusal(settings))
+        return refusal;
     if (!QFile::exists(message.attachmentPath))
         return QStringLiteral("o arquivo %1 não foi encontrado.").arg(message.attachmentPath);
 
@@ -153,6 +195,11 @@ std::optional<QString> sendMail(const MailSettings& settings, const MailMessage&
     curl_easy_setopt(c, CURLOPT_URL, url.constData());
     if (settings.security == MailSettings::Security::StartTls)
         curl_easy_setopt(c, CURLOPT_USE_SSL, long(CURLUSESSL_ALL));
+    // The server's certificate and name are checked as libcurl does by default; that is never
+    // switched off, only the authorities may be the agency's own.
+    const QByteArray authorities = QFile::encodeName(settings.authorities);
+    if (!settings.authorities.isEmpty())
+        curl_easy_setopt(c, CURLOPT_CAINFO, authorities.constData());
     const QByteArray user = settings.user.toUtf8();
     const QByteArray password = settings.password.toUtf8();
     if (!settings.user.isEmpty()) {
@@ -200,9 +247,30 @@ std::optional<QString> sendMail(const MailSettings& settings, const MailMessage&
     curl_easy_setopt(c, CURLOPT_MIMEPOST, mime.get());
 
     const CURLcode code = curl_easy_perform(c);
-    if (code != CURLE_OK)
-        return QString::fromUtf8(errorBuffer[0] ? errorBuffer : curl_easy_strerror(code));
-    return std::nullopt;
+    if (code == CURLE_OK)
+        return std::nullopt;
+    const QString detail =
+        QString::fromUtf8(errorBuffer[0] ? errorBuffer : curl_easy_strerror(code));
+    const QString host = settings.host.trimmed();
+    switch (code) {
+    case CURLE_PEER_FAILED_VERIFICATION:
+        return QStringLiteral("o certificado do servidor %1 não pôde ser verificado: ele não é "
+                              "desse servidor, venceu ou não foi emitido por uma autoridade "
+                              "reconhecida. Nada foi enviado. (%2)")
+            .arg(host, detail);
+    case CURLE_SSL_CACERT_BADFILE:
+        return QStringLiteral("o arquivo de autoridades certificadoras %1 não pôde ser lido. Nada "
+                              "foi enviado.")
+            .arg(settings.authorities);
+    case CURLE_USE_SSL_FAILED:
+        return QStringLiteral("o servidor %1 não oferece STARTTLS. Escolha SSL/TLS ou outro "
+                              "servidor na configuração do e-mail.")
+            .arg(host);
+    case CURLE_LOGIN_DENIED:
+        return QStringLiteral("o servidor %1 recusou o usuário ou a senha.").arg(host);
+    default:
+        return detail;
+    }
 }
 
 MailStep::MailStep(store::Database& db, const store::RegisterKey& key, QString companyName,

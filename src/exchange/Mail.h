@@ -23,15 +23,20 @@ struct MailSettings {
 
     QString recipient; // the agency's mailbox
     QString host;      // the SMTP server
-    int port = 25;
-    Security security = Security::None;
+    int port = 587;
+    Security security = Security::StartTls;
     QString user; // empty: no login
+    // Never in the settings: the keyring's, or typed in this session (MailPassword.h).
     QString password;
     QString sender; // the From address; empty: the login name
+    // A PEM file of the certificate authorities that vouch for the server, for a server whose
+    // certificate no public authority signed; empty: the system's authorities.
+    QString authorities;
 
     // A server and the agency's mailbox: enough to try a send.
     bool isComplete() const { return !host.trimmed().isEmpty() && !recipient.trimmed().isEmpty(); }
 
+    // Without the password, which the settings never hold.
     static MailSettings load(QSettings& settings);
     void save(QSettings& settings) const;
     static MailSettings load(); // the program's own settings
@@ -61,7 +66,12 @@ QString maskedCnpj(const QString& key14);
 MailMessage exportMail(const MailObjective& objective, const QString& companyName,
                        const QString& key14, bool resend, const QString& attachmentPath);
 
-// Sends by SMTP; nothing on success, else the description of the failure.
+// A login goes only over an encrypted connection (STARTTLS or SSL/TLS), save to a server on
+// this machine. Nothing when `settings` may be used, else why not.
+std::optional<QString> plainLoginRefusal(const MailSettings& settings);
+
+// Sends by SMTP, checking the server's certificate; nothing on success, else the description
+// of the failure. Refuses a login over a plain connection before connecting.
 std::optional<QString> sendMail(const MailSettings& settings, const MailMessage& message);
 
 // What the protocol page needs after a successful send.

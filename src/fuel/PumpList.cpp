@@ -1,5 +1,7 @@
 #include "fuel/PumpList.h"
 
+#include "ui/FieldSet.h"
+
 #include "fuel/PumpMaintenance.h"
 #include "fuel/PumpRows.h"
 #include "fuel/TankFamily.h"
@@ -14,14 +16,6 @@ namespace {
 using Kind = ui::GridColumn::Kind;
 
 const QString kDeleteQuestion = QStringLiteral("Deseja Excluir o Item Selecionado?");
-
-const QHash<QString, QString>& linhaLabels() {
-    static const QHash<QString, QString> labels = {
-        {QStringLiteral("S"), QStringLiteral("Sucção")},
-        {QStringLiteral("P"), QStringLiteral("Pressurizada")},
-    };
-    return labels;
-}
 
 } // namespace
 
@@ -114,7 +108,7 @@ ui::ListDefinition pumpList(const PumpFamily& family) {
         {QStringLiteral("Válvula de Retenção"), 130},
         {QStringLiteral("Tipo de Filtro"), 150},
         {QStringLiteral("Data do Último Laudo de Integridade"), 215, Kind::Date},
-        {QStringLiteral("Proprietário"), 90, Kind::Text, proprietarioLabels()},
+        {QStringLiteral("Proprietário"), 90, Kind::Text, ui::codeLabels("IPROPR")},
     };
     pumps.query = [itanqu](const ui::Session& s, const QStringList&) {
         return ui::Query{
@@ -144,7 +138,8 @@ ui::ListDefinition pumpList(const PumpFamily& family) {
     };
     QString lineColumn;
     if (family.lineType) {
-        links.columns.emplace_back(QStringLiteral("Tipo"), 100, Kind::Text, linhaLabels());
+        links.columns.emplace_back(QStringLiteral("Tipo"), 100, Kind::Text,
+                                   ui::codeLabels("ILINHA"));
         lineColumn = QStringLiteral(",ILINHA");
     }
     links.query = [itanqu, lineColumn](const ui::Session& s, const QStringList& pump) {
@@ -177,7 +172,7 @@ ui::ListDefinition pumpList(const PumpFamily& family) {
                                      const ui::ListSelection& rows) -> ui::Check {
         if (countCompartments(host.database(), host.session(), family.itanqu,
                               leadingNumber(rows.detail.value(0))) == 0)
-            return ui::Refusal{nullptr, family.noCompartmentsList};
+            return ui::Refusal{QString(), family.noCompartmentsList};
         return {};
     };
     def.maintenance = [&family](ui::ScreenHost& host) -> ui::MaintenanceScreen* {

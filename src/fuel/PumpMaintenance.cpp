@@ -1,11 +1,10 @@
 #include "fuel/PumpMaintenance.h"
 
-#include "fuel/FieldSupport.h"
-#include "fuel/OwnerPanel.h"
 #include "fuel/PumpList.h"
 #include "fuel/PumpRows.h"
-#include "fuel/TankRows.h"
 #include "store/Database.h"
+#include "ui/FieldSupport.h"
+#include "ui/OwnerPanel.h"
 #include "ui/Session.h"
 
 #include <QComboBox>
@@ -14,11 +13,13 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSqlQuery>
 
 namespace fuel {
 
 namespace {
+
+using ui::FieldKind;
+using ui::Refusal;
 
 QList<ui::Operation> operationsOf(const PumpFamily& family) {
     return {
@@ -29,124 +30,228 @@ QList<ui::Operation> operationsOf(const PumpFamily& family) {
     };
 }
 
-// The "?" of each bound value of an insert.
-QString placeholders(qsizetype count) {
-    QStringList marks;
-    for (qsizetype i = 0; i < count; ++i)
-        marks << QStringLiteral("?");
-    return marks.join(QLatin1Char(','));
+QString name(const char* objectName) {
+    return QString::fromLatin1(objectName);
 }
 
 } // namespace
 
 PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family, QWidget* parent)
     : ui::MaintenanceScreen(host, family.listName, operationsOf(family), parent)
-    , m_family(family) {
+    , m_family(family)
+    , m_pump("TB_POSTOBOMBA", this)
+    , m_link("TB_POSTOBOMBATANQU", this) {
     setObjectName(family.maintenanceName);
     setWindowTitle(family.maintenanceCaption);
-
-    // The pump.
     m_fraBomba = new QGroupBox(family.pump, this);
     m_fraBomba->setObjectName(QStringLiteral("fraBomba"));
-    m_nbomba = lineEdit(QStringLiteral("txtNBOMBA"), m_fraBomba);
-    m_picNBOMBA = keyBox(QStringLiteral("picNBOMBA"), m_nbomba, m_fraBomba);
-    m_nident = lineEdit(QStringLiteral("txtNIDENT"), m_fraBomba);
-    m_ainstl = lineEdit(QStringLiteral("mskAINSTL"), m_fraBomba);
-    m_nvalvlretnc = comboBox(QStringLiteral("cmbNVALVLRETNC"), m_fraBomba);
-    m_nfiltro = comboBox(QStringLiteral("cmbNFILTRO"), m_fraBomba);
-    auto* laudo = new QGroupBox(m_fraBomba);
-    m_teste = comboBox(QStringLiteral("cmbitesteestnq"), laudo);
-    m_atesteestnq = lineEdit(QStringLiteral("mskATESTEESTNQ"), laudo);
-    m_ipropr = comboBox(QStringLiteral("cmbIPROPR"), m_fraBomba);
-    m_report = {m_ainstl, m_teste, m_atesteestnq, m_ipropr};
-
-    digitsField(m_nbomba, 3);
-    m_nbomba->setAlignment(Qt::AlignCenter);
-    m_nbomba->setMaximumWidth(60);
-    textField(m_nident, family.identLength);
-    m_nident->setAlignment(Qt::AlignCenter);
-    // As wide as its longest identification.
-    m_nident->setMinimumWidth(
-        m_nident->fontMetrics().horizontalAdvance(QString(family.identLength, QLatin1Char('N'))) +
-        16);
-    dateField(m_ainstl);
-    m_ainstl->setMaximumWidth(100);
-    dateField(m_atesteestnq);
-    m_atesteestnq->setMaximumWidth(100);
-    fixedList(m_teste, {{QStringLiteral("Realizado"), QStringLiteral("R")},
-                        {QStringLiteral("Não Realizado"), QStringLiteral("NR")},
-                        {QStringLiteral("Não Disponível"), QStringLiteral("ND")}});
-    fixedList(m_ipropr, {{QStringLiteral("Proprietário"), QStringLiteral("P")},
-                         {QStringLiteral("Distribuidora"), QStringLiteral("D")},
-                         {QStringLiteral("Outros"), QStringLiteral("O")}});
-
-    auto* laudoLayout = new QHBoxLayout(laudo);
-    laudoLayout->addWidget(m_teste);
-    laudoLayout->addWidget(new QLabel(QStringLiteral("Data do Laudo de Integridade"), laudo));
-    laudoLayout->addWidget(m_atesteestnq);
-    laudoLayout->addStretch(1);
-    auto* pump = new QGridLayout(m_fraBomba);
-    addField(pump, 0, 0, family.numberLabel, m_picNBOMBA, m_fraBomba);
-    addField(pump, 0, 2, family.identLabel, m_nident, m_fraBomba);
-    addField(pump, 0, 4, QStringLiteral("Data de Instalação"), m_ainstl, m_fraBomba);
-    addField(pump, 1, 0, QStringLiteral("Válvula de Retenção"), m_nvalvlretnc, m_fraBomba);
-    addField(pump, 1, 2, QStringLiteral("Tipo do Filtro"), m_nfiltro, m_fraBomba);
-    pump->addWidget(laudo, 2, 0, 1, 6);
-    addField(pump, 3, 0, QStringLiteral("Proprietário"), m_ipropr, m_fraBomba);
-    pump->setColumnStretch(6, 1);
-    // The identification comes first in the block's tab order, the number after it.
-    setTabOrder(m_nident, m_nbomba);
-    setTabOrder(m_nbomba, m_ainstl);
-    setTabOrder(m_ainstl, m_nvalvlretnc);
-    setTabOrder(m_nvalvlretnc, m_nfiltro);
-    setTabOrder(m_nfiltro, m_teste);
-    setTabOrder(m_teste, m_atesteestnq);
-    setTabOrder(m_atesteestnq, m_ipropr);
-
-    // The link to a compartment.
     m_fraBombaCompar = new QGroupBox(family.pump + QStringLiteral("/Compartimento"), this);
     m_fraBombaCompar->setObjectName(QStringLiteral("fraBombaCompar"));
-    m_ntanqu = comboBox(QStringLiteral("cmbNTANQU"), m_fraBombaCompar);
-    m_picNTANQU = keyBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraBombaCompar);
-    m_ncompr = comboBox(QStringLiteral("cmbNCOMPR"), m_fraBombaCompar);
-    m_picNCOMPR = keyBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraBombaCompar);
-    m_nmatrl = comboBox(QStringLiteral("cmbNMATRL"), m_fraBombaCompar);
-    m_ntanqu->setMinimumWidth(220);
-    m_ncompr->setMinimumWidth(220);
+    declarePump();
+    declareLink();
+    m_fraProp = new ui::OwnerPanel(
+        host.database(), "TB_POSTOBOMBAPROPR",
+        ui::OwnerPanel::Texts{family.cepRequired, QStringLiteral("Preenchimento Incorreto do CEP")},
+        this);
+    layOut();
+
+    QComboBox* ipropr = m_pump.combo(name("cmbIPROPR"));
+    connect(m_pump.combo(name("cmbitesteestnq")), &QComboBox::activated, this,
+            [this] { m_report.conditionChosen(); });
+    connect(ipropr, &QComboBox::activated, this,
+            [this, ipropr] { m_fraProp->followOwnerChoice(ipropr); });
+    connect(tankList(), &QComboBox::activated, this, &PumpMaintenance::tankChosen);
+}
+
+// The pump's fields in the order of their validation.
+void PumpMaintenance::declarePump() {
+    const PumpFamily& f = m_family;
+    QWidget* frame = m_fraBomba;
+    m_pump.add({.name = "txtNBOMBA",
+                .label = f.numberLabel,
+                .kind = FieldKind::Number,
+                .column = "NBOMBA",
+                .required = f.numberRequired,
+                .length = 3,
+                .check = [this]() -> ui::Check {
+                    QWidget* number = m_pump.widget(name("txtNBOMBA"));
+                    if (m_pump.value(name("txtNBOMBA")).toInt() == 0)
+                        return Refusal{number, m_family.numberInvalid};
+                    if (operation().name == m_family.insertPump() &&
+                        store::rowExists(database(), "TB_POSTOBOMBA", pumpKey()))
+                        return Refusal{number, m_family.numberTaken};
+                    return {};
+                }},
+               frame);
+    m_pump.add({.name = "txtNIDENT",
+                .label = f.identLabel,
+                .column = "NIDENT",
+                .required = "Preenchimento Obrigatório da Identificação.",
+                .length = f.identLength},
+               frame);
+    m_pump.add({.name = "mskAINSTL",
+                .label = "Data de Instalação",
+                .kind = FieldKind::Date,
+                .column = "AINSTL",
+                .required = "Preenchimento Obrigatório da Data da Instalação",
+                .leave = [this] { return m_report.leaveCheck(m_report.installed); }},
+               frame);
+    m_pump.add({.name = "cmbNVALVLRETNC",
+                .label = "Válvula de Retenção",
+                .kind = FieldKind::Dictionary,
+                .column = "NVALVLRETNC",
+                .required = "Preenchimento Obrigatório da Válvula de Retenção",
+                .dictionary = "Select NVALVLRETNC, DVALVLRETNC From DICNRVALVLRETNC"
+                              " Order By NVALVLRETNC"},
+               frame);
+    m_pump.add({.name = "cmbNFILTRO",
+                .label = "Tipo do Filtro",
+                .kind = FieldKind::Dictionary,
+                .column = "NFILTRO",
+                .required = "Preenchimento Obrigatório do Tipo do Filtro",
+                .dictionary = "Select NFILTRO, DFILTRO From DICNRFILTRO Order By NFILTRO"},
+               frame);
+    m_pump.add({.name = "cmbitesteestnq",
+                .label = "Laudo de Integridade",
+                .kind = FieldKind::Codes,
+                .column = "ITESTEESTNQ",
+                .required = "Preenchimento Obrigatório da condição do Último Laudo de Integridade",
+                .leave = [this] { return m_report.leaveCheck(m_report.condition); }},
+               frame);
+    m_pump.add({.name = "mskATESTEESTNQ",
+                .label = "Data do Laudo de Integridade",
+                .kind = FieldKind::Date,
+                .column = "ATESTEESTNQ",
+                .required = "Preenchimento Obrigatório da Data do Último Laudo de Integridade",
+                .applies = [this] { return m_report.date->isEnabled(); },
+                .leave = [this] { return m_report.leaveCheck(m_report.date); }},
+               frame);
+    m_pump.add({.name = "cmbIPROPR",
+                .label = "Proprietário",
+                .kind = FieldKind::Codes,
+                .column = "IPROPR",
+                .required = "Preenchimento Obrigatório do Tipo do Proprietário",
+                .leave = [this]() -> ui::Check {
+                    m_fraProp->followOwnerChoice(m_pump.combo(name("cmbIPROPR")));
+                    return {};
+                }},
+               frame);
+    m_picNBOMBA = ui::keyBox(name("picNBOMBA"), m_pump.widget(name("txtNBOMBA")), frame);
+    m_report = {m_pump.edit(name("mskAINSTL")), m_pump.combo(name("cmbitesteestnq")),
+                m_pump.edit(name("mskATESTEESTNQ")), m_pump.widget(name("cmbIPROPR"))};
+}
+
+// The link's fields in the order of their validation.
+void PumpMaintenance::declareLink() {
+    QWidget* frame = m_fraBombaCompar;
+    // The tanks and their compartments are the register's own: the screen fills the two lists.
+    m_link.add({.name = "cmbNTANQU",
+                .label = m_family.tankLabel,
+                .kind = FieldKind::Dictionary,
+                .column = "NTANQU",
+                .required = "Preenchimento Obrigatório do Número do Tanque"},
+               frame);
+    m_link.add({.name = "cmbNCOMPR",
+                .label = "  Nº Compartimento /   Combustível",
+                .kind = FieldKind::Dictionary,
+                .column = "NCOMPR",
+                .required = "Preenchimento Obrigatório do Número do Compartimento",
+                .check = [this]() -> ui::Check {
+                    if (operation().name == m_family.insertLink() &&
+                        store::rowExists(database(), "TB_POSTOBOMBATANQU",
+                                         linkKey(ui::chosenCode(compartmentList()))))
+                        return Refusal{compartmentList(),
+                                       QStringLiteral("Número do Compartimento já cadastrado")};
+                    return {};
+                }},
+               frame);
+    // The pipes' materials, as 'T' marks the tanks'.
+    m_link.add({.name = "cmbNMATRL",
+                .label = "Material",
+                .kind = FieldKind::Dictionary,
+                .column = "NMATRL",
+                .required = "Preenchimento Obrigatório do Material",
+                .dictionary = "Select NMATRL, DMATRL From DICNRMATRLTANQU"
+                              " Where IMATRLTANQULINHA = 'L' Order By NMATRL"},
+               frame);
+    if (m_family.lineType)
+        m_link.add({.name = "cmbILINHA",
+                    .label = "Tipo",
+                    .kind = FieldKind::Codes,
+                    .column = "ILINHA",
+                    .required = "Preenchimento Obrigatório do Tipo da Linha"},
+                   frame);
+    m_picNTANQU = ui::keyBox(name("picNTANQU"), tankList(), frame);
+    m_picNCOMPR = ui::keyBox(name("picNCOMPR"), compartmentList(), frame);
+}
+
+void PumpMaintenance::layOut() {
+    auto* laudo = new QGroupBox(m_fraBomba);
+    auto* laudoLayout = new QHBoxLayout(laudo);
+    for (const char* n : {"cmbitesteestnq", "mskATESTEESTNQ"}) {
+        m_pump.widget(name(n))->setParent(laudo);
+        m_pump.label(name(n))->setParent(laudo);
+    }
+    m_pump.label(name("cmbitesteestnq"))->hide(); // the report's condition speaks for itself
+    laudoLayout->addWidget(m_pump.widget(name("cmbitesteestnq")));
+    laudoLayout->addWidget(m_pump.label(name("mskATESTEESTNQ")));
+    laudoLayout->addWidget(m_pump.widget(name("mskATESTEESTNQ")));
+    laudoLayout->addStretch(1);
+    auto* pump = new QGridLayout(m_fraBomba);
+    m_pump.place(pump, 0, 0, name("txtNBOMBA"));
+    m_pump.place(pump, 0, 2, name("txtNIDENT"));
+    m_pump.place(pump, 0, 4, name("mskAINSTL"));
+    m_pump.place(pump, 1, 0, name("cmbNVALVLRETNC"));
+    m_pump.place(pump, 1, 2, name("cmbNFILTRO"));
+    pump->addWidget(laudo, 2, 0, 1, 6);
+    m_pump.place(pump, 3, 0, name("cmbIPROPR"));
+    pump->setColumnStretch(6, 1);
+    QLineEdit* number = m_pump.edit(name("txtNBOMBA"));
+    number->setAlignment(Qt::AlignCenter);
+    number->setMaximumWidth(60);
+    QLineEdit* ident = m_pump.edit(name("txtNIDENT"));
+    ident->setAlignment(Qt::AlignCenter);
+    // As wide as its longest identification.
+    ident->setMinimumWidth(
+        ident->fontMetrics().horizontalAdvance(QString(m_family.identLength, QLatin1Char('N'))) +
+        16);
+    m_pump.edit(name("mskAINSTL"))->setMaximumWidth(100);
+    m_pump.edit(name("mskATESTEESTNQ"))->setMaximumWidth(100);
+    // The identification comes first in the block's tab order, the number after it.
+    const QList<QWidget*> order = {ident,
+                                   number,
+                                   m_pump.widget(name("mskAINSTL")),
+                                   m_pump.widget(name("cmbNVALVLRETNC")),
+                                   m_pump.widget(name("cmbNFILTRO")),
+                                   m_pump.widget(name("cmbitesteestnq")),
+                                   m_pump.widget(name("mskATESTEESTNQ")),
+                                   m_pump.widget(name("cmbIPROPR"))};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order.at(i - 1), order.at(i));
+
+    tankList()->setMinimumWidth(220);
+    compartmentList()->setMinimumWidth(220);
     auto* link = new QGridLayout(m_fraBombaCompar);
-    addField(link, 0, 0, family.tankLabel, m_picNTANQU, m_fraBombaCompar);
-    addField(link, 0, 2, QStringLiteral("  Nº Compartimento /   Combustível"), m_picNCOMPR,
-             m_fraBombaCompar);
-    addField(link, 1, 0, QStringLiteral("Material"), m_nmatrl, m_fraBombaCompar);
-    if (family.lineType) {
+    m_link.place(link, 0, 0, name("cmbNTANQU"));
+    m_link.place(link, 0, 2, name("cmbNCOMPR"));
+    m_link.place(link, 1, 0, name("cmbNMATRL"));
+    if (m_family.lineType) {
         auto* linha = new QGroupBox(QStringLiteral("Linha"), m_fraBombaCompar);
-        m_ilinha = comboBox(QStringLiteral("cmbILINHA"), linha);
-        fixedList(m_ilinha, {{QStringLiteral("Sucção"), QStringLiteral("S")},
-                             {QStringLiteral("Pressurizada"), QStringLiteral("P")}});
         auto* linhaLayout = new QHBoxLayout(linha);
-        linhaLayout->addWidget(new QLabel(QStringLiteral("Tipo"), linha));
-        linhaLayout->addWidget(m_ilinha);
+        m_link.label(name("cmbILINHA"))->setParent(linha);
+        m_link.widget(name("cmbILINHA"))->setParent(linha);
+        linhaLayout->addWidget(m_link.label(name("cmbILINHA")));
+        linhaLayout->addWidget(m_link.widget(name("cmbILINHA")));
         linha->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
         link->addWidget(linha, 1, 2, 1, 2);
     }
     link->setColumnStretch(4, 1);
 
-    m_fraProp = new OwnerPanel(
-        host.database(), QStringLiteral("TB_POSTOBOMBAPROPR"), QStringLiteral("NBOMBA"),
-        OwnerPanel::Texts{family.cepRequired, QStringLiteral("Preenchimento Incorreto do CEP")},
-        this);
-
-    for (QGroupBox* frame : {m_fraBomba, m_fraBombaCompar, static_cast<QGroupBox*>(m_fraProp)})
+    for (QGroupBox* frame : {m_fraBomba, m_fraBombaCompar, static_cast<QGroupBox*>(m_fraProp)}) {
         frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    body()->addWidget(m_fraBomba);
-    body()->addWidget(m_fraBombaCompar);
-    body()->addWidget(m_fraProp);
+        body()->addWidget(frame);
+    }
     body()->addStretch(1);
-
-    connect(m_teste, &QComboBox::activated, this, [this] { m_report.conditionChosen(); });
-    connect(m_ipropr, &QComboBox::activated, this,
-            [this] { m_fraProp->followOwnerChoice(m_ipropr); });
-    connect(m_ntanqu, &QComboBox::activated, this, &PumpMaintenance::tankChosen);
 }
 
 bool PumpMaintenance::onPump() const {
@@ -157,33 +262,49 @@ bool PumpMaintenance::ownerShown() const {
     return !m_fraProp->isHidden();
 }
 
+QComboBox* PumpMaintenance::tankList() const {
+    return m_link.combo(name("cmbNTANQU"));
+}
+
+QComboBox* PumpMaintenance::compartmentList() const {
+    return m_link.combo(name("cmbNCOMPR"));
+}
+
+store::Row PumpMaintenance::pumpKey() const {
+    store::Row key = session().keyRow();
+    key.insert(QStringLiteral("ITANQU"), m_family.itanqu);
+    key.insert(QStringLiteral("NBOMBA"), m_pump.value(name("txtNBOMBA")));
+    return key;
+}
+
+store::Row PumpMaintenance::linkKey(const QVariant& ncompr) const {
+    store::Row key = pumpKey();
+    key.insert(QStringLiteral("NTANQU"), ui::chosenCode(tankList()));
+    key.insert(QStringLiteral("NCOMPR"), ncompr);
+    return key;
+}
+
 void PumpMaintenance::prepare() {
     if (onPump()) {
-        databaseList(database(), m_nvalvlretnc,
-                     QStringLiteral("Select NVALVLRETNC, DVALVLRETNC From DICNRVALVLRETNC"
-                                    " Order By NVALVLRETNC"));
-        databaseList(database(), m_nfiltro,
-                     QStringLiteral("Select NFILTRO, DFILTRO From DICNRFILTRO Order By NFILTRO"));
+        m_pump.loadLists(database());
         return;
     }
-    databaseList(database(), m_ntanqu,
-                 QStringLiteral("Select NTANQU,NTANQU || ' - ' || NIDENT As NTANQUeNIDENT"
-                                " From TB_POSTOTANQU Where NMUNCP = ? And NSEQNC = ?"
-                                " And ITANQU = ? Order By NTANQU"),
-                 {session().nmuncp, session().nseqnc, m_family.itanqu});
-    // The pipes' materials, as 'T' marks the tanks'.
-    databaseList(database(), m_nmatrl,
-                 QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
-                                " Where IMATRLTANQULINHA = 'L' Order By NMATRL"));
+    ui::databaseList(database(), tankList(),
+                     QStringLiteral("Select NTANQU,NTANQU || ' - ' || NIDENT As NTANQUeNIDENT"
+                                    " From TB_POSTOTANQU Where NMUNCP = ? And NSEQNC = ?"
+                                    " And ITANQU = ? Order By NTANQU"),
+                     {session().nmuncp, session().nseqnc, m_family.itanqu});
+    m_link.loadLists(database());
 }
 
 void PumpMaintenance::loadCompartments() {
-    databaseList(database(), m_ncompr,
-                 QStringLiteral("Select NCOMPR,NCOMPR || ' - ' || d.DCOMBS as NCOMPRDCOMBS"
-                                " From TB_POSTOTANQUCOMPR c, DICNRCOMBS d Where NMUNCP = ?"
-                                " And NSEQNC = ? And ITANQU = ? And NTANQU = ?"
-                                " And c.NCOMBS = d.NCOMBS Order By NCOMPR"),
-                 {session().nmuncp, session().nseqnc, m_family.itanqu, chosenCode(m_ntanqu)});
+    ui::databaseList(
+        database(), compartmentList(),
+        QStringLiteral("Select NCOMPR,NCOMPR || ' - ' || d.DCOMBS as NCOMPRDCOMBS"
+                       " From TB_POSTOTANQUCOMPR c, DICNRCOMBS d Where NMUNCP = ?"
+                       " And NSEQNC = ? And ITANQU = ? And NTANQU = ?"
+                       " And c.NCOMBS = d.NCOMBS Order By NCOMPR"),
+        {session().nmuncp, session().nseqnc, m_family.itanqu, ui::chosenCode(tankList())});
 }
 
 void PumpMaintenance::copyFromList(const ui::ListSelection& rows) {
@@ -192,40 +313,30 @@ void PumpMaintenance::copyFromList(const ui::ListSelection& rows) {
     const QString& op = operation().name;
     if (op == m_family.insertPump())
         return;
-    const QStringList& pump = rows.main;
-    m_nbomba->setText(pump.value(0));
-    m_nident->setText(pump.value(1));
-    m_ainstl->setText(pump.value(2));
-    chooseText(m_nvalvlretnc, pump.value(3));
-    chooseText(m_nfiltro, pump.value(4));
-    if (!pump.value(5).isEmpty()) {
-        m_atesteestnq->setText(pump.value(5));
-        chooseCode(m_teste, QStringLiteral("R"));
-    } else {
-        const QVariant code = database().scalar(
-            QStringLiteral("Select ITESTEESTNQ From TB_POSTOBOMBA Where nMuncp = ? And NSEQNC = ?"
-                           " And ITANQU = ? and NBOMBA=?"),
-            {session().nmuncp, session().nseqnc, m_family.itanqu, pump.value(0).toInt()});
-        chooseCode(m_teste, code.toString() == QLatin1String("NR") ? QStringLiteral("NR")
-                                                                   : QStringLiteral("ND"));
-        if (op == m_family.alterPump())
-            m_atesteestnq->setEnabled(false);
-    }
-    chooseText(m_ipropr, pump.value(6));
-    if (chosenCode(m_ipropr).toString() == QLatin1String("O")) {
-        m_fraProp->load(database(), session(), m_family.itanqu, pump.value(0).toInt());
+    store::Row key = session().keyRow();
+    key.insert(QStringLiteral("ITANQU"), m_family.itanqu);
+    key.insert(QStringLiteral("NBOMBA"), rows.main.value(0).toInt());
+    const std::optional<store::Row> pump = store::readRow(database(), "TB_POSTOBOMBA", key);
+    if (!pump)
+        return;
+    m_pump.load(*pump);
+    m_report.showStored(*pump, op == m_family.alterPump());
+    if (pump->value(QStringLiteral("IPROPR")).toString() == QLatin1String("O")) {
+        m_fraProp->load(database(), key);
         m_fraProp->show();
         m_fraProp->setEnabled(false);
     }
     if (op == m_family.alterLink()) {
-        const QStringList& link = rows.detail;
-        chooseCode(m_ntanqu, leadingNumber(link.value(0)));
+        key.insert(QStringLiteral("NTANQU"), leadingNumber(rows.detail.value(0)));
+        key.insert(QStringLiteral("NCOMPR"), leadingNumber(rows.detail.value(1)));
+        const std::optional<store::Row> link =
+            store::readRow(database(), "TB_POSTOBOMBATANQU", key);
+        if (!link)
+            return;
+        m_link.setValue(name("cmbNTANQU"), link->value(QStringLiteral("NTANQU")));
         loadCompartments();
-        m_oldCompartment = leadingNumber(link.value(1));
-        chooseCode(m_ncompr, m_oldCompartment);
-        chooseText(m_nmatrl, link.value(2));
-        if (m_ilinha)
-            chooseText(m_ilinha, link.value(3));
+        m_link.load(*link);
+        m_oldCompartment = link->value(QStringLiteral("NCOMPR"));
     }
 }
 
@@ -237,12 +348,12 @@ QWidget* PumpMaintenance::arrangePanels() {
         if (op == m_family.insertPump()) {
             m_fraProp->hide();
             m_picNBOMBA->setEnabled(true);
-            return m_nbomba;
+            return m_pump.widget(name("txtNBOMBA"));
         }
-        m_fraProp->setVisible(chosenCode(m_ipropr).toString() == QLatin1String("O"));
+        m_fraProp->setVisible(m_pump.value(name("cmbIPROPR")).toString() == QLatin1String("O"));
         m_fraProp->setEnabled(true);
         m_picNBOMBA->setEnabled(false);
-        return m_nident;
+        return m_pump.widget(name("txtNIDENT"));
     }
     m_fraBomba->setEnabled(false);
     m_picNBOMBA->setEnabled(false);
@@ -253,26 +364,26 @@ QWidget* PumpMaintenance::arrangePanels() {
         m_picNTANQU->setEnabled(true);
         // The compartment, the material and the line wait for the tank.
         setLinkListsEnabled(false);
-        return m_ntanqu;
+        return tankList();
     }
     // A link changes its compartment, never its tank.
     m_picNTANQU->setEnabled(false);
     setLinkListsEnabled(true);
-    return m_nmatrl;
+    return m_link.widget(name("cmbNMATRL"));
 }
 
 void PumpMaintenance::setLinkListsEnabled(bool enabled) {
-    m_ncompr->setEnabled(enabled);
-    m_nmatrl->setEnabled(enabled);
-    if (m_ilinha)
-        m_ilinha->setEnabled(enabled);
+    for (QWidget* list : m_link.widgets()) {
+        if (list != tankList())
+            list->setEnabled(enabled);
+    }
 }
 
 void PumpMaintenance::tankChosen() {
     loadCompartments();
-    if (m_ncompr->count() == 0) {
+    if (compartmentList()->count() == 0) {
         setLinkListsEnabled(false);
-        ui::showRefusal({m_ntanqu, m_family.noCompartments});
+        ui::showRefusal({tankList(), m_family.noCompartments});
         return;
     }
     setLinkListsEnabled(true);
@@ -281,13 +392,9 @@ void PumpMaintenance::tankChosen() {
 QList<QWidget*> PumpMaintenance::snapshotFields() const {
     QList<QWidget*> fields;
     if (!m_fraBomba->isHidden())
-        fields << m_nbomba << m_nident << m_ainstl << m_nvalvlretnc << m_nfiltro << m_teste
-               << m_atesteestnq << m_ipropr;
-    if (!m_fraBombaCompar->isHidden()) {
-        fields << m_ntanqu << m_ncompr << m_nmatrl;
-        if (m_ilinha)
-            fields << m_ilinha;
-    }
+        fields << m_pump.widgets();
+    if (!m_fraBombaCompar->isHidden())
+        fields << m_link.widgets();
     if (ownerShown() && operation().name == m_family.alterPump())
         fields << m_fraProp->fields();
     return fields;
@@ -295,183 +402,76 @@ QList<QWidget*> PumpMaintenance::snapshotFields() const {
 
 ui::Check PumpMaintenance::validate() {
     if (!onPump()) {
-        if (ui::Check refused = consistirLigacao())
+        if (ui::Check refused = m_link.validate())
             return refused;
         if (operation().insert && m_hasLinks)
             return sameFuel();
         return {};
     }
-    if (ui::Check refused = consistirBomba())
+    if (ui::Check refused = m_pump.validate())
         return refused;
     if (ownerShown())
         return m_fraProp->validate();
     return {};
 }
 
-ui::Check PumpMaintenance::consistirBomba() {
-    using ui::Refusal;
-    if (m_nbomba->text().isEmpty())
-        return Refusal{m_nbomba, m_family.numberRequired};
-    if (m_nbomba->text().toInt() == 0)
-        return Refusal{m_nbomba, m_family.numberInvalid};
-    if (operation().name == m_family.insertPump() &&
-        database()
-            .scalar(QStringLiteral("Select * From TB_POSTOBOMBA Where NMUNCP = ? And NSEQNC = ?"
-                                   " And ITANQU = ? AND NBOMBA = ?"),
-                    {session().nmuncp, session().nseqnc, m_family.itanqu, m_nbomba->text().toInt()})
-            .isValid())
-        return Refusal{m_nbomba, m_family.numberTaken};
-    if (m_nident->text().isEmpty())
-        return Refusal{m_nident, QStringLiteral("Preenchimento Obrigatório da Identificação.")};
-    if (clipText(m_ainstl).isEmpty())
-        return Refusal{m_ainstl, QStringLiteral("Preenchimento Obrigatório da Data da Instalação")};
-    if (m_nvalvlretnc->currentText().isEmpty())
-        return Refusal{m_nvalvlretnc,
-                       QStringLiteral("Preenchimento Obrigatório da Válvula de Retenção")};
-    if (m_nfiltro->currentText().isEmpty())
-        return Refusal{m_nfiltro, QStringLiteral("Preenchimento Obrigatório do Tipo do Filtro")};
-    if (m_teste->currentText().isEmpty())
-        return Refusal{m_teste, QStringLiteral("Preenchimento Obrigatório da condição do Último "
-                                               "Laudo de Integridade")};
-    if (m_atesteestnq->isEnabled() && clipText(m_atesteestnq).isEmpty())
-        return Refusal{m_atesteestnq, QStringLiteral("Preenchimento Obrigatório da Data do Último "
-                                                     "Laudo de Integridade")};
-    if (m_ipropr->currentText().isEmpty())
-        return Refusal{m_ipropr,
-                       QStringLiteral("Preenchimento Obrigatório do Tipo do Proprietário")};
-    return {};
-}
-
-ui::Check PumpMaintenance::consistirLigacao() {
-    using ui::Refusal;
-    if (m_ntanqu->currentText().isEmpty())
-        return Refusal{m_ntanqu, QStringLiteral("Preenchimento Obrigatório do Número do Tanque")};
-    if (m_ncompr->currentText().isEmpty())
-        return Refusal{m_ncompr,
-                       QStringLiteral("Preenchimento Obrigatório do Número do Compartimento")};
-    if (operation().name == m_family.insertLink() &&
-        linkExists(database(), session(), m_family.itanqu, m_nbomba->text().toInt(),
-                   chosenCode(m_ntanqu), chosenCode(m_ncompr)))
-        return Refusal{m_ncompr, QStringLiteral("Número do Compartimento já cadastrado")};
-    if (m_nmatrl->currentText().isEmpty())
-        return Refusal{m_nmatrl, QStringLiteral("Preenchimento Obrigatório do Material")};
-    if (m_ilinha && m_ilinha->currentText().isEmpty())
-        return Refusal{m_ilinha, QStringLiteral("Preenchimento Obrigatório do Tipo da Linha")};
-    return {};
-}
-
 ui::Check PumpMaintenance::sameFuel() {
     // Only the fuel must agree: the line's material and type may differ between the links.
-    const QVariant drawn =
-        firstLinkFuel(database(), session(), m_family.itanqu, m_nbomba->text().toInt());
-    const QVariant chosen = compartmentFuel(database(), session(), m_family.itanqu,
-                                            chosenCode(m_ntanqu), chosenCode(m_ncompr));
+    const QVariant nbomba = m_pump.value(name("txtNBOMBA"));
+    const QVariant drawn = firstLinkFuel(database(), session(), m_family.itanqu, nbomba);
+    const QVariant chosen =
+        compartmentFuel(database(), session(), m_family.itanqu, ui::chosenCode(tankList()),
+                        ui::chosenCode(compartmentList()));
     if (drawn.isValid() && chosen.isValid() && drawn.toInt() != chosen.toInt())
-        return ui::Refusal{m_ncompr, m_family.fuelRule};
+        return Refusal{compartmentList(), m_family.fuelRule};
     return {};
 }
 
 ui::Check PumpMaintenance::leaveCheck(QWidget* field) {
-    if (field == m_ipropr) {
-        m_fraProp->followOwnerChoice(m_ipropr);
-        return {};
-    }
-    return m_report.leaveCheck(field);
+    if (ui::Check refused = m_pump.leave(field))
+        return refused;
+    return m_link.leave(field);
 }
 
 void PumpMaintenance::write(store::Database& db) {
     const QString& op = operation().name;
-    const int nbomba = m_nbomba->text().toInt();
     if (onPump()) {
-        if (op == m_family.insertPump())
-            gravarBomba(db);
-        else
-            alterarBomba(db);
+        store::Row pump = m_pump.values();
+        // The pump's corrosion protection is offered by no screen: none, until told otherwise.
+        pump.insert(QStringLiteral("SSISTMPROTC"), 0);
+        pump.insert(QStringLiteral("IPROTC"), QVariant());
+        pump.insert(QStringLiteral("DPROTC"), QVariant());
+        if (op == m_family.insertPump()) {
+            store::Row row = session().newRow();
+            row.insert(QStringLiteral("ITANQU"), m_family.itanqu);
+            row.insert(pump);
+            store::insertRow(db, "TB_POSTOBOMBA", row);
+        } else {
+            store::updateRow(db, "TB_POSTOBOMBA", pumpKey(), pump);
+        }
         // The pump's own owner row, and never a tank's: a change keeps every tank's owner.
-        deletePumpOwner(db, session(), m_family.itanqu, nbomba);
-        if (ownerShown())
-            m_fraProp->write(db, session(), m_family.itanqu, nbomba);
+        m_fraProp->remove(db, pumpKey());
+        if (ownerShown()) {
+            store::Row owner = pumpKey();
+            owner.insert(session().newRow());
+            m_fraProp->write(db, owner);
+        }
     } else if (op == m_family.insertLink()) {
-        gravarLigacao(db);
+        store::Row row = session().newRow();
+        row.insert(pumpKey());
+        row.insert(m_link.values());
+        store::insertRow(db, "TB_POSTOBOMBATANQU", row);
     } else {
-        alterarLigacao(db);
+        // A link changes its compartment, material and line; its tank stays.
+        store::updateRow(db, "TB_POSTOBOMBATANQU", linkKey(m_oldCompartment),
+                         m_link.values({name("cmbNCOMPR"), name("cmbNMATRL"), name("cmbILINHA")}));
     }
-}
-
-void PumpMaintenance::gravarBomba(store::Database& db) {
-    const QVariant report = dateValue(m_atesteestnq);
-    QString columns = QStringLiteral("NMUNCP, NSEQNC, AINFRM, ITANQU,NBOMBA,NIDENT,AINSTL,"
-                                     " NVALVLRETNC,NFILTRO,");
-    QVariantList values = {
-        session().nmuncp,    session().nseqnc,          session().ainfrm.toString(Qt::ISODate),
-        m_family.itanqu,     m_nbomba->text().toInt(),  m_nident->text(),
-        dateValue(m_ainstl), chosenCode(m_nvalvlretnc), chosenCode(m_nfiltro)};
-    if (report.isValid()) {
-        columns += QStringLiteral("ATESTEESTNQ,");
-        values << report;
-    }
-    // The pump's corrosion protection is offered by no screen: none, until told otherwise.
-    columns += QStringLiteral("SSISTMPROTC, IPROTC, DPROTC, IPROPR, ITESTEESTNQ");
-    values << 0 << QVariant() << QVariant() << chosenCode(m_ipropr) << chosenCode(m_teste);
-    db.run(QStringLiteral("Insert Into TB_POSTOBOMBA (") + columns + QStringLiteral(")Values(") +
-               placeholders(values.size()) + QLatin1Char(')'),
-           values);
-}
-
-void PumpMaintenance::alterarBomba(store::Database& db) {
-    const QVariant valve =
-        db.scalar(QStringLiteral("Select NVALVLRETNC From DICNRVALVLRETNC Where DVALVLRETNC = ?"),
-                  {m_nvalvlretnc->currentText()});
-    const QVariant filter =
-        db.scalar(QStringLiteral("Select NFILTRO From DICNRFILTRO Where DFILTRO = ?"),
-                  {m_nfiltro->currentText()});
-    db.run(QStringLiteral("Update TB_POSTOBOMBA Set ITANQU = ?, NIDENT = ?, AINSTL = ?,"
-                          " NVALVLRETNC = ?, NFILTRO = ?, ITESTEESTNQ = ?, SSISTMPROTC = 0,"
-                          " IPROTC = Null, DPROTC = Null, ATESTEESTNQ = ?, IPROPR = ?"
-                          " Where NMUNCP = ? And NSEQNC = ? And ITANQU = ? And NBOMBA = ?"),
-           {m_family.itanqu, m_nident->text(), dateValue(m_ainstl), valve, filter,
-            chosenCode(m_teste), dateValue(m_atesteestnq), chosenCode(m_ipropr), session().nmuncp,
-            session().nseqnc, m_family.itanqu, m_nbomba->text().toInt()});
-}
-
-void PumpMaintenance::gravarLigacao(store::Database& db) {
-    QString columns = QStringLiteral("NMUNCP, NSEQNC, AINFRM, ITANQU,NBOMBA,NTANQU,NCOMPR, NMATRL");
-    QVariantList values = {
-        session().nmuncp,     session().nseqnc,         session().ainfrm.toString(Qt::ISODate),
-        m_family.itanqu,      m_nbomba->text().toInt(), chosenCode(m_ntanqu),
-        chosenCode(m_ncompr), chosenCode(m_nmatrl)};
-    if (m_ilinha) {
-        columns += QStringLiteral(",ILINHA");
-        values << chosenCode(m_ilinha);
-    }
-    db.run(QStringLiteral("Insert Into TB_POSTOBOMBATANQU (") + columns +
-               QStringLiteral(") Values(") + placeholders(values.size()) + QLatin1Char(')'),
-           values);
-}
-
-void PumpMaintenance::alterarLigacao(store::Database& db) {
-    const QVariant nmatrl =
-        db.scalar(QStringLiteral("Select NMATRL From DICNRMATRLTANQU Where DMATRL = ?"
-                                 " And IMATRLTANQULINHA = 'L'"),
-                  {m_nmatrl->currentText()});
-    QString set = QStringLiteral("NMATRL = ?");
-    QVariantList values = {nmatrl};
-    if (m_ilinha) {
-        set += QStringLiteral(", ILINHA = ?");
-        values << chosenCode(m_ilinha);
-    }
-    set += QStringLiteral(", NCOMPR = ?");
-    values << chosenCode(m_ncompr) << session().nmuncp << session().nseqnc << m_family.itanqu
-           << m_nbomba->text().toInt() << chosenCode(m_ntanqu) << m_oldCompartment;
-    db.run(QStringLiteral("Update TB_POSTOBOMBATANQU Set ") + set +
-               QStringLiteral(" Where NMUNCP = ? And Nseqnc = ? And ITANQU = ? And NBOMBA = ?"
-                              " And NTANQU = ? And NCOMPR = ?"),
-           values);
 }
 
 QString PumpMaintenance::newKey() const {
     // As the list's first column shows the row: the pump's number, the link's tank.
-    return onPump() ? QString::number(m_nbomba->text().toInt()) : m_ntanqu->currentText();
+    return onPump() ? QString::number(m_pump.value(name("txtNBOMBA")).toInt())
+                    : tankList()->currentText();
 }
 
 int PumpMaintenance::childrenDue() const {

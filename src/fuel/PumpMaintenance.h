@@ -1,15 +1,20 @@
 #pragma once
 
-#include "fuel/FormParts.h"
+#include "store/RowWriter.h"
+#include "ui/FieldSet.h"
+#include "ui/FormParts.h"
 #include "ui/MaintenanceScreen.h"
 
 class QComboBox;
 class QGroupBox;
 class QLineEdit;
 
+namespace ui {
+class OwnerPanel;
+}
+
 namespace fuel {
 
-class OwnerPanel;
 struct PumpFamily;
 
 // frmBombaM, frmBombaAereoM: one pump, with its owner, or one of its links to a compartment.
@@ -33,47 +38,35 @@ protected:
     bool chainMayClose(const ui::ListSelection& rows) const override;
 
 private:
+    void declarePump();
+    void declareLink();
+    void layOut();
     bool onPump() const;
     bool ownerShown() const;
-    ui::Check consistirBomba();
-    ui::Check consistirLigacao();
+    store::Row pumpKey() const;
+    store::Row linkKey(const QVariant& ncompr) const;
     ui::Check sameFuel();
     void tankChosen();
     void loadCompartments();
     void setLinkListsEnabled(bool enabled);
-    void gravarBomba(store::Database& db);
-    void alterarBomba(store::Database& db);
-    void gravarLigacao(store::Database& db);
-    void alterarLigacao(store::Database& db);
+    QComboBox* tankList() const;
+    QComboBox* compartmentList() const;
 
     const PumpFamily& m_family;
-
+    ui::FieldSet m_pump;
+    ui::FieldSet m_link;
     QGroupBox* m_fraBomba = nullptr;
-    QWidget* m_picNBOMBA = nullptr;
-    QLineEdit* m_nbomba = nullptr;
-    QLineEdit* m_nident = nullptr;
-    QLineEdit* m_ainstl = nullptr;
-    QComboBox* m_nvalvlretnc = nullptr;
-    QComboBox* m_nfiltro = nullptr;
-    QComboBox* m_teste = nullptr;
-    QLineEdit* m_atesteestnq = nullptr;
-    QComboBox* m_ipropr = nullptr;
-    IntegrityReport m_report;
-
     QGroupBox* m_fraBombaCompar = nullptr;
+    QWidget* m_picNBOMBA = nullptr;
     QWidget* m_picNTANQU = nullptr;
-    QComboBox* m_ntanqu = nullptr;
     QWidget* m_picNCOMPR = nullptr;
-    QComboBox* m_ncompr = nullptr;
-    QComboBox* m_nmatrl = nullptr;
-    QComboBox* m_ilinha = nullptr; // null for the aboveground links, which have no line type
-
-    OwnerPanel* m_fraProp = nullptr;
+    ui::IntegrityReport m_report;
+    ui::OwnerPanel* m_fraProp = nullptr;
     // The mark: the pump already has a link, so a new one must hold the same fuel, and a new
     // pump's chain of links may be closed.
     bool m_hasLinks = false;
     // The compartment of a link as it was when the link was opened for a change.
-    int m_oldCompartment = 0;
+    QVariant m_oldCompartment;
 };
 
 } // namespace fuel

@@ -33,12 +33,6 @@ void deleteLink(store::Database& db, const ui::Session& session, const QString& 
            pumpKey(session, itanqu, nbomba) << ntanqu << ncompr);
 }
 
-void deletePumpOwner(store::Database& db, const ui::Session& session, const QString& itanqu,
-                     const QVariant& nbomba) {
-    db.run(QStringLiteral("Delete From TB_POSTOBOMBAPROPR") + kPumpCondition,
-           pumpKey(session, itanqu, nbomba));
-}
-
 bool linkExists(store::Database& db, const ui::Session& session, const QString& itanqu,
                 const QVariant& nbomba, const QVariant& ntanqu, const QVariant& ncompr) {
     return db

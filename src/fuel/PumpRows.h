@@ -22,10 +22,6 @@ void deletePump(store::Database& db, const ui::Session& session, const QString& 
 void deleteLink(store::Database& db, const ui::Session& session, const QString& itanqu,
                 const QVariant& nbomba, const QVariant& ntanqu, const QVariant& ncompr);
 
-// The owner row of a pump goes; the owner panel writes it again when the owner is "Outros".
-void deletePumpOwner(store::Database& db, const ui::Session& session, const QString& itanqu,
-                     const QVariant& nbomba);
-
 // Whether a link of the pump to the compartment exists.
 bool linkExists(store::Database& db, const ui::Session& session, const QString& itanqu,
                 const QVariant& nbomba, const QVariant& ntanqu, const QVariant& ncompr);

@@ -1,5 +1,7 @@
 #include "fuel/TankFamily.h"
 
+#include "ui/FieldSet.h"
+
 namespace fuel {
 
 namespace {
@@ -21,19 +23,15 @@ TankFamily makeUnderground() {
         {QStringLiteral("Data de Instalação"), 120, Kind::Date},
         {QStringLiteral("Tipo de Material"), 120},
         {QStringLiteral("Nº de Compartimentos"), 140},
-        {QStringLiteral("Situação"), 75, Kind::Text, situacaoLabels()},
+        {QStringLiteral("Situação"), 75, Kind::Text, ui::codeLabels("ISITCA")},
         {QStringLiteral("Data do Último Laudo de Integridade"), 215, Kind::Date},
-        {QStringLiteral("Proprietário"), 90, Kind::Text, proprietarioLabels()},
+        {QStringLiteral("Proprietário"), 90, Kind::Text, ui::codeLabels("IPROPR")},
     };
     f.tankQuery = QStringLiteral(
         "Select NTANQU,NIDENT,AINSTL,dicm.DMATRL,QCOMPRT,tnpt.ISITCA,ATESTEESTNQ,IPROPR"
         " From TB_POSTOTANQU tnpt,DICNRMATRLTANQU dicm Where tnpt.NMATRL = dicm.NMATRL"
         " And nMuncp = ? And nseqnc = ? And ITANQU = ? Order By NTANQU");
-    f.at.material = 3;
-    f.at.compartments = 4;
-    f.at.situation = 5;
-    f.at.report = 6;
-    f.at.owner = 7;
+    f.compartmentsColumn = 4;
     f.materialLabel = QStringLiteral("Tipo de Material");
     f.loadingMouthLabel = QStringLiteral("Boca de Carregamento");
     f.ventTitle = QStringLiteral("Respiro");
@@ -71,13 +69,13 @@ TankFamily makeAboveground() {
         {QStringLiteral("Nº Reservatório"), 100},
         {QStringLiteral("Identificação"), 90},
         {QStringLiteral("Data de Instalação"), 120, Kind::Date},
-        {QStringLiteral("Tipo"), 75, Kind::Text, posicaoLabels()},
+        {QStringLiteral("Tipo"), 75, Kind::Text, ui::codeLabels("IPOSCA")},
         {QStringLiteral("Material"), 75},
         {QStringLiteral("Tipo de Base"), 110},
         {QStringLiteral("Nº de Compartimentos"), 140},
-        {QStringLiteral("Situação"), 75, Kind::Text, situacaoLabels()},
+        {QStringLiteral("Situação"), 75, Kind::Text, ui::codeLabels("ISITCA")},
         {QStringLiteral("Data do Último Laudo de Integridade"), 215, Kind::Date},
-        {QStringLiteral("Proprietário"), 90, Kind::Text, proprietarioLabels()},
+        {QStringLiteral("Proprietário"), 90, Kind::Text, ui::codeLabels("IPROPR")},
     };
     // A tank is listed only with a base and a material that the dictionaries know.
     f.tankQuery = QStringLiteral(
@@ -85,13 +83,7 @@ TankFamily makeAboveground() {
         " From TB_POSTOTANQU pt,DICNRBASE db, DICNRMATRLTANQU dm Where NMUNCP = ?"
         " And NSEQNC = ? And ITANQU = ? And pt.NBASE = db.NBASE and pt.NMATRL = dm.NMATRL"
         " Order By NTANQU");
-    f.at.position = 3;
-    f.at.material = 4;
-    f.at.base = 5;
-    f.at.compartments = 6;
-    f.at.situation = 7;
-    f.at.report = 8;
-    f.at.owner = 9;
+    f.compartmentsColumn = 6;
     f.materialLabel = QStringLiteral("Material");
     f.loadingMouthLabel = QStringLiteral("Alimentação");
     f.ventTitle = QStringLiteral("Respiro (m)");
@@ -132,31 +124,6 @@ const TankFamily& undergroundTanks() {
 const TankFamily& abovegroundTanks() {
     static const TankFamily family = makeAboveground();
     return family;
-}
-
-const QHash<QString, QString>& situacaoLabels() {
-    static const QHash<QString, QString> labels = {
-        {QStringLiteral("A"), QStringLiteral("Em Uso")},
-        {QStringLiteral("D"), QStringLiteral("Desativado")},
-    };
-    return labels;
-}
-
-const QHash<QString, QString>& proprietarioLabels() {
-    static const QHash<QString, QString> labels = {
-        {QStringLiteral("P"), QStringLiteral("Proprietário")},
-        {QStringLiteral("D"), QStringLiteral("Distribuidora")},
-        {QStringLiteral("O"), QStringLiteral("Outros")},
-    };
-    return labels;
-}
-
-const QHash<QString, QString>& posicaoLabels() {
-    static const QHash<QString, QString> labels = {
-        {QStringLiteral("H"), QStringLiteral("Horizontal")},
-        {QStringLiteral("V"), QStringLiteral("Vertical")},
-    };
-    return labels;
 }
 
 } // namespace fuel

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "fuel/OwnerPanel.h"
 #include "ui/ListScreen.h"
+#include "ui/OwnerPanel.h"
 
 #include <QString>
 #include <vector>
@@ -25,17 +25,8 @@ struct TankFamily {
     // The tank grid: its columns and its rows (bound: NMUNCP, NSEQNC, ITANQU).
     std::vector<ui::GridColumn> tankColumns;
     QString tankQuery;
-    // Where the tank grid holds what the maintenance screen copies from it; -1 for a column the
-    // family does not have.
-    struct Columns {
-        int position = -1;
-        int material = 0;
-        int base = -1;
-        int compartments = 0;
-        int situation = 0;
-        int report = 0;
-        int owner = 0;
-    } at;
+    // The grid column of the declared number of compartments.
+    int compartmentsColumn = 0;
 
     QString materialLabel;
 
@@ -58,7 +49,7 @@ struct TankFamily {
     QString countLowered;
     QString deleteTankQuestion;
     QString deleteCompartmentQuestion;
-    OwnerPanel::Texts ownerTexts;
+    ui::OwnerPanel::Texts ownerTexts;
 
     // The fields of an aboveground tank: cmbIPOSCA; the fixed material list "Aço" / "Outros"
     // with txtDMATRLOUTRO in place of the dictionary's list; cmbNBASE.
@@ -69,11 +60,6 @@ struct TankFamily {
 
 const TankFamily& undergroundTanks();
 const TankFamily& abovegroundTanks();
-
-// The labels that the tank grids show for stored codes.
-const QHash<QString, QString>& situacaoLabels();     // ISITCA
-const QHash<QString, QString>& proprietarioLabels(); // IPROPR
-const QHash<QString, QString>& posicaoLabels();      // IPOSCA
 
 // The codes of the aboveground tank's fixed material list.
 inline constexpr int kMaterialAco = 10;

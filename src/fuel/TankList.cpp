@@ -62,8 +62,8 @@ ui::ListDefinition tankList(const TankFamily& family) {
     def.checkDetailInsert = [f](ui::ScreenHost& host, const ui::ListSelection& rows) -> ui::Check {
         const int count =
             countCompartments(host.database(), host.session(), f->itanqu, rows.main.value(0));
-        if (count >= rows.main.value(f->at.compartments).toInt())
-            return ui::Refusal{nullptr, f->compartmentsComplete};
+        if (count >= rows.main.value(f->compartmentsColumn).toInt())
+            return ui::Refusal{QString(), f->compartmentsComplete};
         return {};
     };
     def.maintenance = [f](ui::ScreenHost& host) -> ui::MaintenanceScreen* {

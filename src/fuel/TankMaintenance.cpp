@@ -1,12 +1,10 @@
 #include "fuel/TankMaintenance.h"
 
-#include "fuel/FieldSupport.h"
-#include "fuel/FormParts.h"
-#include "fuel/OwnerPanel.h"
 #include "fuel/TankFamily.h"
 #include "fuel/TankRows.h"
-#include "rules/Filters.h"
 #include "store/Database.h"
+#include "ui/FieldSupport.h"
+#include "ui/OwnerPanel.h"
 #include "ui/Session.h"
 
 #include <QComboBox>
@@ -15,11 +13,13 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSqlQuery>
 
 namespace fuel {
 
 namespace {
+
+using ui::FieldKind;
+using ui::Refusal;
 
 const QString kIncluirCompartimento = QStringLiteral("Incluir Compartimento");
 const QString kAlterarCompartimento = QStringLiteral("Alterar Compartimento");
@@ -35,409 +35,311 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
                                 {kAlterarCompartimento, 1, false, true},
                             },
                             parent)
-    , m_family(family) {
+    , m_family(family)
+    , m_tank("TB_POSTOTANQU", this)
+    , m_compartment("TB_POSTOTANQUCOMPR", this) {
     setObjectName(m_family.maintenanceName);
     setWindowTitle(m_family.maintenanceCaption);
-
-    // The tank.
     m_fraTanque = new QGroupBox(m_family.tankWord, this);
     m_fraTanque->setObjectName(QStringLiteral("fraTanque"));
-    m_ntanqu = lineEdit(QStringLiteral("txtNTANQU"), m_fraTanque);
-    m_picNTANQU = keyBox(QStringLiteral("picNTANQU"), m_ntanqu, m_fraTanque);
-    m_nident = lineEdit(QStringLiteral("txtNIDENT"), m_fraTanque);
-    m_ainstl = lineEdit(QStringLiteral("mskAINSTL"), m_fraTanque);
-    m_nmatrl = comboBox(QStringLiteral("cmbNMATRL"), m_fraTanque);
-    m_qcomprt = lineEdit(QStringLiteral("txtQCOMPRT"), m_fraTanque);
-    auto* laudo = new QGroupBox(m_family.tankWord, m_fraTanque);
-    m_teste = comboBox(QStringLiteral("cmbitesteestnq"), laudo);
-    m_atesteestnq = lineEdit(QStringLiteral("mskATESTEESTNQ"), laudo);
-    m_ipropr = comboBox(QStringLiteral("cmbIPROPR"), m_fraTanque);
-    m_isitca = comboBox(QStringLiteral("cmbISITCA"), m_fraTanque);
-    m_report = {m_ainstl, m_teste, m_atesteestnq, m_ipropr};
+    m_fraCompar = new QGroupBox(QStringLiteral("Compartimento"), this);
+    m_fraCompar->setObjectName(QStringLiteral("fraCompar"));
+    declareTank();
+    declareCompartment();
+    m_fraProp =
+        new ui::OwnerPanel(host.database(), "TB_POSTOTANQUPROPR", m_family.ownerTexts, this);
+    layOut();
 
-    digitsField(m_ntanqu, 3);
-    m_ntanqu->setAlignment(Qt::AlignCenter);
-    m_ntanqu->setMaximumWidth(60);
-    textField(m_nident, 30);
-    m_nident->setAlignment(Qt::AlignCenter);
-    dateField(m_ainstl);
-    digitsField(m_qcomprt, 2);
-    m_qcomprt->setMaximumWidth(60);
-    dateField(m_atesteestnq);
-    fixedList(m_teste, {{QStringLiteral("Realizado"), QStringLiteral("R")},
-                        {QStringLiteral("Não Realizado"), QStringLiteral("NR")},
-                        {QStringLiteral("Não Disponível"), QStringLiteral("ND")}});
-    fixedList(m_ipropr, {{QStringLiteral("Proprietário"), QStringLiteral("P")},
-                         {QStringLiteral("Distribuidora"), QStringLiteral("D")},
-                         {QStringLiteral("Outros"), QStringLiteral("O")}});
-    fixedList(m_isitca, {{QStringLiteral("Em Uso"), QStringLiteral("A")},
-                         {QStringLiteral("Desativado"), QStringLiteral("D")}});
+    QComboBox* teste = m_tank.combo(QStringLiteral("cmbitesteestnq"));
+    QComboBox* ipropr = m_tank.combo(QStringLiteral("cmbIPROPR"));
+    connect(teste, &QComboBox::activated, this, [this] { m_report.conditionChosen(); });
+    connect(ipropr, &QComboBox::activated, this,
+            [this, ipropr] { m_fraProp->followOwnerChoice(ipropr); });
+    if (m_family.fixedMaterials)
+        connect(m_tank.combo(QStringLiteral("cmbNMATRL")), &QComboBox::activated, this,
+                &TankMaintenance::materialChosen);
+}
 
-    auto* laudoLayout = new QHBoxLayout(laudo);
-    laudoLayout->addWidget(m_teste);
-    laudoLayout->addWidget(
-        new QLabel(QStringLiteral("Data do Último Laudo de Integridade"), laudo));
-    laudoLayout->addWidget(m_atesteestnq);
+// The tank's fields in the order of their validation, which is also the order of entry.
+void TankMaintenance::declareTank() {
+    const TankFamily& f = m_family;
+    QWidget* frame = m_fraTanque;
+    const bool aboveground = f.fixedMaterials;
+    m_tank.add({.name = "txtNTANQU",
+                .label = "Nº",
+                .kind = FieldKind::Number,
+                .column = "NTANQU",
+                .required = f.numberRequired,
+                .length = 3,
+                .check = [this]() -> ui::Check {
+                    QLineEdit* number = m_tank.edit(QStringLiteral("txtNTANQU"));
+                    if (number->text().toInt() == 0)
+                        return Refusal{number, m_family.numberInvalid};
+                    if (operation().name == m_family.incluirTanque &&
+                        store::rowExists(database(), "TB_POSTOTANQU", tankKey()))
+                        return Refusal{number, m_family.numberTaken};
+                    return {};
+                }},
+               frame);
+    m_tank.add({.name = "txtNIDENT",
+                .label = "Identificação",
+                .column = "NIDENT",
+                .required = "Preenchimento Obrigatório da Identificação."},
+               frame);
+    m_tank.add({.name = "mskAINSTL",
+                .label = "Data de Instalação",
+                .kind = FieldKind::Date,
+                .column = "AINSTL",
+                .required = "Preenchimento Obrigatório da Data da Instalação",
+                .leave = [this] { return m_report.leaveCheck(m_report.installed); }},
+               frame);
+    if (f.hasPosition)
+        m_tank.add({.name = "cmbIPOSCA",
+                    .label = "Tipo",
+                    .kind = FieldKind::Codes,
+                    .column = "IPOSCA",
+                    .required = "Preenchimento Obrigatório do Tipo do Reservatório."},
+                   frame);
+    // The underground list never offers plain steel; the aboveground one has its own fixed
+    // list, "Aço" or "Outros".
+    m_tank.add(
+        {.name = "cmbNMATRL",
+         .label = f.materialLabel,
+         .kind = aboveground ? FieldKind::Codes : FieldKind::Dictionary,
+         .column = "NMATRL",
+         .required = "Preenchimento Obrigatório do Tipo de Material",
+         .codes = aboveground ? "NMATRL.AEREO" : "",
+         .dictionary = "Select NMATRL, DMATRL From DICNRMATRLTANQU"
+                       " Where IMATRLTANQULINHA = 'T' and dmatrl<>'Aço' Order By NMATRL",
+         .leave = [this]() -> ui::Check {
+             if (otherMaterial()) {
+                 m_picDMATRLOUTRO->setEnabled(true);
+                 m_tank.widget(QStringLiteral("txtDMATRLOUTRO"))->setFocus(Qt::OtherFocusReason);
+             }
+             return {};
+         }},
+        frame);
+    if (aboveground) {
+        // The column sets no width, and neither does the field.
+        m_tank.add({.name = "txtDMATRLOUTRO",
+                    .column = "DMATRLOUTRO",
+                    .required = "Preenchimento Obrigatório do Campo Material - Outros.",
+                    .applies = [this] { return otherMaterial(); }},
+                   frame);
+        m_picDMATRLOUTRO = ui::keyBox(QStringLiteral("picDMATRLOUTRO"),
+                                      m_tank.widget(QStringLiteral("txtDMATRLOUTRO")), frame);
+        m_picDMATRLOUTRO->setEnabled(false);
+        m_tank.widget(QStringLiteral("txtDMATRLOUTRO"))->setMinimumWidth(200);
+        m_tank.widget(QStringLiteral("txtDMATRLOUTRO"))
+            ->setAccessibleName(QStringLiteral("Outros"));
+    }
+    if (f.hasBase)
+        m_tank.add({.name = "cmbNBASE",
+                    .label = "Tipo de Base",
+                    .kind = FieldKind::Dictionary,
+                    .column = "NBASE",
+                    .required = "Preenchimento Obrigatório do Tipo da Base.",
+                    .dictionary = "Select NBASE, DBASE From DICNRBASE Order By NBASE"},
+                   frame);
+    m_tank.add({.name = "txtQCOMPRT",
+                .label = "Nº de Compartimentos",
+                .kind = FieldKind::Number,
+                .column = "QCOMPRT",
+                .required = "Preenchimento Obrigatório da Quantidade de Compartimentos",
+                .length = 2,
+                .check = [this]() -> ui::Check {
+                    QLineEdit* count = m_tank.edit(QStringLiteral("txtQCOMPRT"));
+                    if (operation().name == m_family.alterarTanque &&
+                        count->text().toInt() < m_oldCompartments)
+                        return Refusal{count, m_family.countLowered};
+                    return {};
+                },
+                .leave = [this]() -> ui::Check {
+                    QLineEdit* count = m_tank.edit(QStringLiteral("txtQCOMPRT"));
+                    if (count->text() == QLatin1String("0"))
+                        return Refusal{
+                            count, QStringLiteral("Número de Compartimentos não pode ser Zero.")};
+                    return {};
+                }},
+               frame);
+    m_tank.add({.name = "cmbitesteestnq",
+                .label = "Laudo de Integridade",
+                .kind = FieldKind::Codes,
+                .column = "ITESTEESTNQ",
+                .required = "Preenchimento Obrigatório da condição do Último Laudo de Integridade",
+                .leave = [this] { return m_report.leaveCheck(m_report.condition); }},
+               frame);
+    m_tank.add({.name = "mskATESTEESTNQ",
+                .label = "Data do Último Laudo de Integridade",
+                .kind = FieldKind::Date,
+                .column = "ATESTEESTNQ",
+                .required = "Preenchimento Obrigatório da Data do Último Laudo de Integridade",
+                .applies = [this] { return m_report.date->isEnabled(); },
+                .leave = [this] { return m_report.leaveCheck(m_report.date); }},
+               frame);
+    m_tank.add({.name = "cmbIPROPR",
+                .label = "Proprietário",
+                .kind = FieldKind::Codes,
+                .column = "IPROPR",
+                .required = "Preenchimento Obrigatório do Tipo do Proprietário",
+                .leave = [this]() -> ui::Check {
+                    m_fraProp->followOwnerChoice(m_tank.combo(QStringLiteral("cmbIPROPR")));
+                    return {};
+                }},
+               frame);
+    m_tank.add({.name = "cmbISITCA",
+                .label = "Situação",
+                .kind = FieldKind::Codes,
+                .column = "ISITCA",
+                .required = "Preenchimento Obrigatório da Situação do Tanque"},
+               frame);
+    m_picNTANQU =
+        ui::keyBox(QStringLiteral("picNTANQU"), m_tank.widget(QStringLiteral("txtNTANQU")), frame);
+    m_report = {
+        m_tank.edit(QStringLiteral("mskAINSTL")), m_tank.combo(QStringLiteral("cmbitesteestnq")),
+        m_tank.edit(QStringLiteral("mskATESTEESTNQ")), m_tank.widget(QStringLiteral("cmbIPROPR"))};
+}
+
+void TankMaintenance::declareCompartment() {
+    QWidget* frame = m_fraCompar;
+    m_compartment.add({.name = "txtNCOMPR",
+                       .label = "Compartimento",
+                       .kind = FieldKind::Number,
+                       .column = "NCOMPR",
+                       .required = "Preenchimento Obrigatório do Número do Compartimento",
+                       .length = 2,
+                       .check = [this]() -> ui::Check {
+                           if (operation().name == kIncluirCompartimento &&
+                               store::rowExists(database(), "TB_POSTOTANQUCOMPR", compartmentKey()))
+                               return Refusal{
+                                   m_compartment.widget(QStringLiteral("txtNCOMPR")),
+                                   QStringLiteral("Número do Compartimento já cadastrado")};
+                           return {};
+                       }},
+                      frame);
+    m_compartment.add({.name = "cmbNBOCACARRG",
+                       .label = m_family.loadingMouthLabel,
+                       .kind = FieldKind::Dictionary,
+                       .column = "NBOCACARRG",
+                       .required = "Preenchimento Obrigatório da Boca de Carregamento",
+                       .dictionary = "Select NBOCACARRG, DBOCACARRG From DICNRBOCACARRG"
+                                     " Order By NBOCACARRG"},
+                      frame);
+    m_compartment.add({.name = "txtQCAPCD",
+                       .label = "Capacidade m³",
+                       .kind = FieldKind::Number,
+                       .column = "QCAPCD",
+                       .required = "Preenchimento Obrigatório da Capacidade de Armazenamento",
+                       .length = 3},
+                      frame);
+    // The bracketing is as the product list has always had it.
+    m_compartment.add({.name = "cmbNCOMBS",
+                       .label = "Produto Estocado",
+                       .kind = FieldKind::Dictionary,
+                       .column = "NCOMBS",
+                       .required = "Preenchimento Obrigatório do Produto Estocado",
+                       .dictionary = "Select NCOMBS, DCOMBS From DICNRCOMBS Where NCOMBS >= 100"
+                                     " And NCOMBS <> 109 And NCOMBS <> 119 And NCOMBS <> 129"
+                                     " And NCOMBS < 131 Or ncombs=135 Order By NCOMBS"},
+                      frame);
+    m_compartment.add({.name = "txtQRESPRALTRA",
+                       .label = m_family.ventHeightLabel,
+                       .kind = FieldKind::Number,
+                       .column = "QRESPRALTRA",
+                       .required = "PreenchimentoObrigatório da Altura do Respiro.",
+                       .length = 3},
+                      frame);
+    m_compartment.add({.name = "txtQRESPRDISTCRECPT",
+                       .label = m_family.ventDistanceLabel,
+                       .kind = FieldKind::Decimal,
+                       .column = "QRESPRDISTCRECPT",
+                       .required = "Preenchimento Obrigatório da Distância do Receptor.",
+                       .commaLength = 4},
+                      frame);
+    m_picNCOMPR = ui::keyBox(QStringLiteral("picNCOMPR"),
+                             m_compartment.widget(QStringLiteral("txtNCOMPR")), frame);
+}
+
+void TankMaintenance::layOut() {
+    const auto name = [](const char* n) { return QString::fromLatin1(n); };
     auto* tank = new QGridLayout(m_fraTanque);
-    addField(tank, 0, 0, QStringLiteral("Nº"), m_picNTANQU, m_fraTanque);
-    addField(tank, 0, 2, QStringLiteral("Identificação"), m_nident, m_fraTanque);
-    addField(tank, 0, 4, QStringLiteral("Data de Instalação"), m_ainstl, m_fraTanque);
+    m_tank.place(tank, 0, 0, name("txtNTANQU"));
+    m_tank.place(tank, 0, 2, name("txtNIDENT"));
+    m_tank.place(tank, 0, 4, name("mskAINSTL"));
     // What the tank holds and is made of; below it, where an aboveground tank stands.
-    addField(tank, 1, 0, QStringLiteral("Nº de Compartimentos"), m_qcomprt, m_fraTanque);
-    addField(tank, 1, 2, m_family.materialLabel, m_nmatrl, m_fraTanque);
-    // The tab order of the block follows the validation's order, whatever the grid's.
-    QList<QWidget*> tabOrder = {m_ntanqu, m_nident, m_ainstl};
+    m_tank.place(tank, 1, 0, name("txtQCOMPRT"));
+    m_tank.place(tank, 1, 2, name("cmbNMATRL"));
     int row = 1;
     if (m_family.hasPosition || m_family.hasBase)
         ++row;
-    if (m_family.hasPosition) {
-        m_iposca = comboBox(QStringLiteral("cmbIPOSCA"), m_fraTanque);
-        fixedList(m_iposca, {{QStringLiteral("Horizontal"), QStringLiteral("H")},
-                             {QStringLiteral("Vertical"), QStringLiteral("V")}});
-        addField(tank, row, 0, QStringLiteral("Tipo"), m_iposca, m_fraTanque);
-        tabOrder << m_iposca;
-    }
-    tabOrder << m_nmatrl;
-    if (m_family.fixedMaterials) {
-        fixedList(m_nmatrl, {{QStringLiteral("Aço"), kMaterialAco},
-                             {QStringLiteral("Outros"), kMaterialOutros}});
-        m_dmatrloutro = lineEdit(QStringLiteral("txtDMATRLOUTRO"), m_fraTanque);
-        // The column sets no width, and neither does the field.
-        ui::attachText(m_dmatrloutro, ui::Case::Upper);
-        m_dmatrloutro->setMinimumWidth(200);
-        m_picDMATRLOUTRO = keyBox(QStringLiteral("picDMATRLOUTRO"), m_dmatrloutro, m_fraTanque);
-        m_picDMATRLOUTRO->setEnabled(false);
+    if (m_family.hasPosition)
+        m_tank.place(tank, row, 0, name("cmbIPOSCA"));
+    if (m_picDMATRLOUTRO)
         tank->addWidget(m_picDMATRLOUTRO, 1, 4, 1, 2);
-        tabOrder << m_dmatrloutro;
-    }
-    if (m_family.hasBase) {
-        m_nbase = comboBox(QStringLiteral("cmbNBASE"), m_fraTanque);
-        addField(tank, row, 2, QStringLiteral("Tipo de Base"), m_nbase, m_fraTanque);
-        tabOrder << m_nbase;
-    }
-    tabOrder << m_qcomprt << m_teste << m_atesteestnq << m_ipropr << m_isitca;
+    if (m_family.hasBase)
+        m_tank.place(tank, row, 2, name("cmbNBASE"));
+    auto* laudo = new QGroupBox(m_family.tankWord, m_fraTanque);
+    auto* laudoLayout = new QHBoxLayout(laudo);
+    m_tank.widget(name("cmbitesteestnq"))->setParent(laudo);
+    m_tank.widget(name("mskATESTEESTNQ"))->setParent(laudo);
+    m_tank.label(name("mskATESTEESTNQ"))->setParent(laudo);
+    m_tank.label(name("cmbitesteestnq"))->hide(); // the frame's caption names the condition
+    laudoLayout->addWidget(m_tank.widget(name("cmbitesteestnq")));
+    laudoLayout->addWidget(m_tank.label(name("mskATESTEESTNQ")));
+    laudoLayout->addWidget(m_tank.widget(name("mskATESTEESTNQ")));
+    laudoLayout->addStretch(1);
     tank->addWidget(laudo, row + 1, 0, 1, 6);
-    addField(tank, row + 2, 0, QStringLiteral("Proprietário"), m_ipropr, m_fraTanque);
-    addField(tank, row + 2, 2, QStringLiteral("Situação"), m_isitca, m_fraTanque);
+    m_tank.place(tank, row + 2, 0, name("cmbIPROPR"));
+    m_tank.place(tank, row + 2, 2, name("cmbISITCA"));
     tank->setColumnStretch(3, 1);
-    for (qsizetype i = 1; i < tabOrder.size(); ++i)
-        setTabOrder(tabOrder.at(i - 1), tabOrder.at(i));
+    for (const char* n : {"txtNTANQU", "txtQCOMPRT"})
+        m_tank.edit(name(n))->setMaximumWidth(60);
+    m_tank.edit(name("txtNTANQU"))->setAlignment(Qt::AlignCenter);
+    m_tank.edit(name("txtNIDENT"))->setAlignment(Qt::AlignCenter);
+    m_tank.edit(name("mskAINSTL"))->setMaximumWidth(100);
+    m_tank.edit(name("mskATESTEESTNQ"))->setMaximumWidth(100);
+    // The tab order of the block follows the validation's order, whatever the grid's.
+    const QList<QWidget*> order = m_tank.widgets();
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order.at(i - 1), order.at(i));
 
-    // The compartment.
-    m_fraCompar = new QGroupBox(QStringLiteral("Compartimento"), this);
-    m_fraCompar->setObjectName(QStringLiteral("fraCompar"));
-    m_ncompr = lineEdit(QStringLiteral("txtNCOMPR"), m_fraCompar);
-    m_picNCOMPR = keyBox(QStringLiteral("picNCOMPR"), m_ncompr, m_fraCompar);
-    m_nbocacarrg = comboBox(QStringLiteral("cmbNBOCACARRG"), m_fraCompar);
-    m_qcapcd = lineEdit(QStringLiteral("txtQCAPCD"), m_fraCompar);
-    m_ncombs = comboBox(QStringLiteral("cmbNCOMBS"), m_fraCompar);
     auto* respiro = new QGroupBox(m_family.ventTitle, m_fraCompar);
-    m_qrespraltra = lineEdit(QStringLiteral("txtQRESPRALTRA"), respiro);
-    m_qresprdistcrecpt = lineEdit(QStringLiteral("txtQRESPRDISTCRECPT"), respiro);
-    digitsField(m_ncompr, 2);
-    m_ncompr->setAlignment(Qt::AlignCenter);
-    m_ncompr->setMaximumWidth(60);
-    digitsField(m_qcapcd, 3);
-    m_qcapcd->setMaximumWidth(60);
-    m_qrespraltra->setMaximumWidth(60);
-    m_qresprdistcrecpt->setMaximumWidth(60);
     respiro->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-    digitsField(m_qrespraltra, 3);
-    m_qrespraltra->setAlignment(Qt::AlignCenter);
-    ui::attachDecimal(m_qresprdistcrecpt, 4, 2);
-    m_qresprdistcrecpt->setAlignment(Qt::AlignCenter);
     auto* respiroLayout = new QHBoxLayout(respiro);
-    respiroLayout->addWidget(new QLabel(m_family.ventHeightLabel, respiro));
-    respiroLayout->addWidget(m_qrespraltra);
-    respiroLayout->addWidget(new QLabel(m_family.ventDistanceLabel, respiro));
-    respiroLayout->addWidget(m_qresprdistcrecpt);
+    for (const char* n : {"txtQRESPRALTRA", "txtQRESPRDISTCRECPT"}) {
+        QLineEdit* edit = m_compartment.edit(name(n));
+        m_compartment.label(name(n))->setParent(respiro);
+        edit->setParent(respiro);
+        edit->setMaximumWidth(60);
+        edit->setAlignment(Qt::AlignCenter);
+        respiroLayout->addWidget(m_compartment.label(name(n)));
+        respiroLayout->addWidget(edit);
+    }
     auto* compar = new QGridLayout(m_fraCompar);
-    addField(compar, 0, 0, QStringLiteral("Compartimento"), m_picNCOMPR, m_fraCompar);
-    addField(compar, 0, 2, m_family.loadingMouthLabel, m_nbocacarrg, m_fraCompar);
-    addField(compar, 1, 0, QStringLiteral("Capacidade m³"), m_qcapcd, m_fraCompar);
-    addField(compar, 1, 2, QStringLiteral("Produto Estocado"), m_ncombs, m_fraCompar);
+    m_compartment.place(compar, 0, 0, name("txtNCOMPR"));
+    m_compartment.place(compar, 0, 2, name("cmbNBOCACARRG"));
+    m_compartment.place(compar, 1, 0, name("txtQCAPCD"));
+    m_compartment.place(compar, 1, 2, name("cmbNCOMBS"));
     compar->addWidget(respiro, 2, 0, 1, 4);
     compar->setColumnStretch(3, 1);
+    m_compartment.edit(name("txtNCOMPR"))->setAlignment(Qt::AlignCenter);
+    for (const char* n : {"txtNCOMPR", "txtQCAPCD"})
+        m_compartment.edit(name(n))->setMaximumWidth(60);
 
-    m_fraProp = new OwnerPanel(host.database(), QStringLiteral("TB_POSTOTANQUPROPR"),
-                               QStringLiteral("NTANQU"), m_family.ownerTexts, this);
-
-    for (QGroupBox* frame :
-         {static_cast<QGroupBox*>(m_fraTanque), m_fraCompar, static_cast<QGroupBox*>(m_fraProp)})
+    for (QGroupBox* frame : {m_fraTanque, m_fraCompar, static_cast<QGroupBox*>(m_fraProp)}) {
         frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    m_ainstl->setMaximumWidth(100);
-    m_atesteestnq->setMaximumWidth(100);
-    laudoLayout->addStretch(1);
-    body()->addWidget(m_fraTanque);
-    body()->addWidget(m_fraCompar);
-    body()->addWidget(m_fraProp);
+        body()->addWidget(frame);
+    }
     body()->addStretch(1);
-
-    connect(m_teste, &QComboBox::activated, this, [this] { m_report.conditionChosen(); });
-    connect(m_ipropr, &QComboBox::activated, this,
-            [this] { m_fraProp->followOwnerChoice(m_ipropr); });
-    if (m_family.fixedMaterials)
-        connect(m_nmatrl, &QComboBox::activated, this, &TankMaintenance::materialChosen);
 }
 
 bool TankMaintenance::onTank() const {
     return operation().level == 0;
 }
 
-bool TankMaintenance::ownerShown() const {
-    return !m_fraProp->isHidden();
-}
-
 bool TankMaintenance::otherMaterial() const {
-    return m_family.fixedMaterials && chosenCode(m_nmatrl).toInt() == kMaterialOutros;
-}
-
-void TankMaintenance::prepare() {
-    if (onTank()) {
-        // The underground list never offers plain steel; the aboveground one has its own fixed
-        // list, "Aço" or "Outros".
-        if (!m_family.fixedMaterials)
-            databaseList(database(), m_nmatrl,
-                         QStringLiteral("Select NMATRL, DMATRL From DICNRMATRLTANQU"
-                                        " Where IMATRLTANQULINHA = 'T' and dmatrl<>'Aço'"
-                                        " Order By NMATRL"));
-        if (m_family.hasBase)
-            databaseList(database(), m_nbase,
-                         QStringLiteral("Select NBASE, DBASE From DICNRBASE Order By NBASE"));
-    } else {
-        databaseList(database(), m_nbocacarrg,
-                     QStringLiteral("Select NBOCACARRG, DBOCACARRG From DICNRBOCACARRG"
-                                    " Order By NBOCACARRG"));
-        // The bracketing is as the product list has always had it.
-        databaseList(database(), m_ncombs,
-                     QStringLiteral("Select NCOMBS, DCOMBS From DICNRCOMBS Where NCOMBS >= 100"
-                                    " And NCOMBS <> 109 And NCOMBS <> 119 And NCOMBS <> 129"
-                                    " And NCOMBS < 131 Or ncombs=135 Order By NCOMBS"));
-    }
-}
-
-void TankMaintenance::copyFromList(const ui::ListSelection& rows) {
-    m_fraProp->hide();
-    const QString& op = operation().name;
-    if (op == m_family.incluirTanque)
-        return;
-    const TankFamily::Columns& at = m_family.at;
-    const QStringList& tank = rows.main;
-    m_ntanqu->setText(tank.value(0));
-    m_nident->setText(tank.value(1));
-    m_ainstl->setText(tank.value(2));
-    if (m_iposca)
-        chooseText(m_iposca, tank.value(at.position));
-    chooseText(m_nmatrl, tank.value(at.material));
-    if (m_family.fixedMaterials) {
-        materialChosen();
-        if (op == m_family.alterarTanque && otherMaterial())
-            m_dmatrloutro->setText(
-                database()
-                    .scalar(QStringLiteral("Select DMATRLOUTRO From TB_POSTOTANQU Where NMUNCP = ?"
-                                           " And NSEQNC = ? And ITANQU = ? and ntanqu=?"),
-                            {session().nmuncp, session().nseqnc, m_family.itanqu, tank.value(0)})
-                    .toString());
-    }
-    if (m_nbase)
-        chooseText(m_nbase, tank.value(at.base));
-    m_qcomprt->setText(tank.value(at.compartments));
-    chooseText(m_isitca, tank.value(at.situation));
-    if (!tank.value(at.report).isEmpty()) {
-        m_atesteestnq->setText(tank.value(at.report));
-        chooseCode(m_teste, QStringLiteral("R"));
-    } else {
-        const QVariant code = database().scalar(
-            QStringLiteral("Select ITESTEESTNQ From TB_POSTOTANQU Where nMuncp = ? And NSEQNC = ?"
-                           " And ITANQU = ? and ntanqu=?"),
-            {session().nmuncp, session().nseqnc, m_family.itanqu, tank.value(0)});
-        chooseCode(m_teste, code.toString() == QLatin1String("NR") ? QStringLiteral("NR")
-                                                                   : QStringLiteral("ND"));
-        if (op == m_family.alterarTanque)
-            m_atesteestnq->setEnabled(false);
-    }
-    chooseText(m_ipropr, tank.value(at.owner));
-    if (chosenCode(m_ipropr).toString() == QLatin1String("O")) {
-        m_fraProp->load(database(), session(), m_family.itanqu, tank.value(0));
-        m_fraProp->show();
-        m_fraProp->setEnabled(false);
-    }
-    if (op == m_family.alterarTanque)
-        m_oldCompartments = tank.value(at.compartments).toInt();
-    if (operation().name == kAlterarCompartimento) {
-        const QStringList& compartment = rows.detail;
-        m_ncompr->setText(compartment.value(0));
-        chooseText(m_nbocacarrg, compartment.value(1));
-        m_qcapcd->setText(compartment.value(2));
-        chooseText(m_ncombs, compartment.value(3));
-    }
-}
-
-QWidget* TankMaintenance::arrangePanels() {
-    const QString& op = operation().name;
-    if (op == m_family.incluirTanque || op == m_family.alterarTanque) {
-        m_fraTanque->show();
-        m_fraTanque->setEnabled(true);
-        m_fraCompar->hide();
-        if (op == m_family.incluirTanque) {
-            m_fraProp->hide();
-            m_picNTANQU->setEnabled(true);
-            m_ntanqu->setReadOnly(false);
-            return m_ntanqu;
-        }
-        m_fraProp->setVisible(chosenCode(m_ipropr).toString() == QLatin1String("O"));
-        m_fraProp->setEnabled(true);
-        m_ntanqu->setReadOnly(true);
-        m_picNTANQU->setEnabled(false);
-        return m_nident;
-    }
-    m_fraTanque->setEnabled(false);
-    m_fraCompar->show();
-    m_fraCompar->setEnabled(true);
-    m_fraProp->setEnabled(false);
-    if (op == kIncluirCompartimento) {
-        m_picNCOMPR->setEnabled(true);
-        return m_ncompr;
-    }
-    QSqlQuery respiro = database().run(
-        QStringLiteral(
-            "Select QRESPRALTRA,QRESPRDISTCRECPT From TB_POSTOTANQUCOMPR Where NMUNCP = ?"
-            " And NSEQNC = ? And ITANQU = ? And NTANQU = ? And NCOMPR = ?"),
-        {session().nmuncp, session().nseqnc, m_family.itanqu, m_ntanqu->text(), m_ncompr->text()});
-    if (respiro.next()) {
-        m_qrespraltra->setText(respiro.value(0).toString());
-        // Shown with the decimal comma in which it is typed.
-        m_qresprdistcrecpt->setText(
-            respiro.value(1).toString().replace(QLatin1Char('.'), QLatin1Char(',')));
-    }
-    m_ncompr->setReadOnly(true);
-    m_picNCOMPR->setEnabled(false);
-    return m_nbocacarrg;
-}
-
-QList<QWidget*> TankMaintenance::snapshotFields() const {
-    QList<QWidget*> fields;
-    if (!m_fraTanque->isHidden()) {
-        fields << m_ntanqu << m_nident << m_ainstl;
-        if (m_iposca)
-            fields << m_iposca;
-        fields << m_nmatrl;
-        if (m_dmatrloutro)
-            fields << m_dmatrloutro;
-        if (m_nbase)
-            fields << m_nbase;
-        fields << m_qcomprt << m_teste << m_atesteestnq << m_ipropr << m_isitca;
-    }
-    if (!m_fraCompar->isHidden())
-        fields << m_ncompr << m_nbocacarrg << m_qcapcd << m_ncombs << m_qrespraltra
-               << m_qresprdistcrecpt;
-    if (ownerShown() && operation().name == m_family.alterarTanque)
-        fields << m_fraProp->fields();
-    return fields;
-}
-
-ui::Check TankMaintenance::validate() {
-    if (!onTank())
-        return consistirCompartimento();
-    if (ui::Check refused = consistirTanque())
-        return refused;
-    if (ownerShown())
-        return m_fraProp->validate();
-    return {};
-}
-
-ui::Check TankMaintenance::consistirTanque() {
-    using ui::Refusal;
-    if (m_ntanqu->text().isEmpty())
-        return Refusal{m_ntanqu, m_family.numberRequired};
-    if (m_ntanqu->text().toInt() == 0)
-        return Refusal{m_ntanqu, m_family.numberInvalid};
-    if (operation().name == m_family.incluirTanque &&
-        database()
-            .scalar(QStringLiteral("Select * From TB_POSTOTANQU Where NMUNCP = ? And NSEQNC = ?"
-                                   " And ITANQU = ? AND NTANQU = ?"),
-                    {session().nmuncp, session().nseqnc, m_family.itanqu, m_ntanqu->text().toInt()})
-            .isValid())
-        return Refusal{m_ntanqu, m_family.numberTaken};
-    if (m_nident->text().isEmpty())
-        return Refusal{m_nident, QStringLiteral("Preenchimento Obrigatório da Identificação.")};
-    if (clipText(m_ainstl).isEmpty())
-        return Refusal{m_ainstl, QStringLiteral("Preenchimento Obrigatório da Data da Instalação")};
-    if (m_iposca && m_iposca->currentText().isEmpty())
-        return Refusal{m_iposca,
-                       QStringLiteral("Preenchimento Obrigatório do Tipo do Reservatório.")};
-    if (m_nmatrl->currentText().isEmpty())
-        return Refusal{m_nmatrl, QStringLiteral("Preenchimento Obrigatório do Tipo de Material")};
-    if (otherMaterial() && m_dmatrloutro->text().isEmpty())
-        return Refusal{m_dmatrloutro,
-                       QStringLiteral("Preenchimento Obrigatório do Campo Material - Outros.")};
-    if (m_nbase && m_nbase->currentText().isEmpty())
-        return Refusal{m_nbase, QStringLiteral("Preenchimento Obrigatório do Tipo da Base.")};
-    if (m_qcomprt->text().isEmpty())
-        return Refusal{m_qcomprt, QStringLiteral("Preenchimento Obrigatório da Quantidade de "
-                                                 "Compartimentos")};
-    if (operation().name == m_family.alterarTanque && m_qcomprt->text().toInt() < m_oldCompartments)
-        return Refusal{m_qcomprt, m_family.countLowered};
-    if (m_teste->currentText().isEmpty())
-        return Refusal{m_teste, QStringLiteral("Preenchimento Obrigatório da condição do Último "
-                                               "Laudo de Integridade")};
-    if (m_atesteestnq->isEnabled() && clipText(m_atesteestnq).isEmpty())
-        return Refusal{m_atesteestnq, QStringLiteral("Preenchimento Obrigatório da Data do Último "
-                                                     "Laudo de Integridade")};
-    if (m_ipropr->currentText().isEmpty())
-        return Refusal{m_ipropr,
-                       QStringLiteral("Preenchimento Obrigatório do Tipo do Proprietário")};
-    if (m_isitca->currentText().isEmpty())
-        return Refusal{m_isitca, QStringLiteral("Preenchimento Obrigatório da Situação do Tanque")};
-    return {};
-}
-
-ui::Check TankMaintenance::consistirCompartimento() {
-    using ui::Refusal;
-    if (m_ncompr->text().isEmpty())
-        return Refusal{m_ncompr,
-                       QStringLiteral("Preenchimento Obrigatório do Número do Compartimento")};
-    if (operation().name == kIncluirCompartimento &&
-        database()
-            .scalar(QStringLiteral("Select * From TB_POSTOTANQUCOMPR Where NMUNCP = ?"
-                                   " And NSEQNC = ? And NCOMPR = ? And ITANQU = ?"
-                                   " And NTANQU = ?"),
-                    {session().nmuncp, session().nseqnc, m_ncompr->text().toInt(), m_family.itanqu,
-                     m_ntanqu->text().toInt()})
-            .isValid())
-        return Refusal{m_ncompr, QStringLiteral("Número do Compartimento já cadastrado")};
-    if (m_nbocacarrg->currentText().isEmpty())
-        return Refusal{m_nbocacarrg,
-                       QStringLiteral("Preenchimento Obrigatório da Boca de Carregamento")};
-    if (m_qcapcd->text().isEmpty())
-        return Refusal{m_qcapcd,
-                       QStringLiteral("Preenchimento Obrigatório da Capacidade de Armazenamento")};
-    if (m_ncombs->currentText().isEmpty())
-        return Refusal{m_ncombs, QStringLiteral("Preenchimento Obrigatório do Produto Estocado")};
-    if (m_qrespraltra->text().isEmpty())
-        return Refusal{m_qrespraltra,
-                       QStringLiteral("PreenchimentoObrigatório da Altura do Respiro.")};
-    if (m_qresprdistcrecpt->text().isEmpty())
-        return Refusal{m_qresprdistcrecpt,
-                       QStringLiteral("Preenchimento Obrigatório da Distância do Receptor.")};
-    return {};
-}
-
-ui::Check TankMaintenance::leaveCheck(QWidget* field) {
-    using ui::Refusal;
-    if (field == m_ainstl || field == m_atesteestnq || field == m_teste) {
-        return m_report.leaveCheck(field);
-    } else if (field == m_qcomprt) {
-        if (m_qcomprt->text() == QLatin1String("0"))
-            return Refusal{m_qcomprt,
-                           QStringLiteral("Número de Compartimentos não pode ser Zero.")};
-    } else if (field == m_ipropr) {
-        m_fraProp->followOwnerChoice(m_ipropr);
-    } else if (field == m_nmatrl && otherMaterial()) {
-        m_picDMATRLOUTRO->setEnabled(true);
-        m_dmatrloutro->setFocus(Qt::OtherFocusReason);
-    }
-    return {};
+    return m_family.fixedMaterials &&
+           m_tank.value(QStringLiteral("cmbNMATRL")).toInt() == kMaterialOutros;
 }
 
 // Only "Outros" takes a described material: "Aço" freezes the description.
@@ -445,143 +347,153 @@ void TankMaintenance::materialChosen() {
     m_picDMATRLOUTRO->setEnabled(otherMaterial());
 }
 
+store::Row TankMaintenance::tankKey() const {
+    return fuel::tankKey(session(), m_family.itanqu, m_tank.value(QStringLiteral("txtNTANQU")));
+}
+
+store::Row TankMaintenance::compartmentKey() const {
+    store::Row key = tankKey();
+    key.insert(QStringLiteral("NCOMPR"), m_compartment.value(QStringLiteral("txtNCOMPR")));
+    return key;
+}
+
+void TankMaintenance::prepare() {
+    if (onTank())
+        m_tank.loadLists(database());
+    else
+        m_compartment.loadLists(database());
+}
+
+void TankMaintenance::copyFromList(const ui::ListSelection& rows) {
+    m_fraProp->hide();
+    const QString& op = operation().name;
+    if (op == m_family.incluirTanque)
+        return;
+    const store::Row key = fuel::tankKey(session(), m_family.itanqu, rows.main.value(0).toInt());
+    const std::optional<store::Row> tank = store::readRow(database(), "TB_POSTOTANQU", key);
+    if (!tank)
+        return;
+    m_tank.load(*tank);
+    if (m_family.fixedMaterials)
+        materialChosen();
+    m_report.showStored(*tank, op == m_family.alterarTanque);
+    if (tank->value(QStringLiteral("IPROPR")).toString() == QLatin1String("O")) {
+        m_fraProp->load(database(), key);
+        m_fraProp->show();
+        m_fraProp->setEnabled(false);
+    }
+    if (op == m_family.alterarTanque)
+        m_oldCompartments = tank->value(QStringLiteral("QCOMPRT")).toInt();
+    if (op == kAlterarCompartimento) {
+        store::Row compartment = key;
+        compartment.insert(QStringLiteral("NCOMPR"), rows.detail.value(0).toInt());
+        if (const auto row = store::readRow(database(), "TB_POSTOTANQUCOMPR", compartment))
+            m_compartment.load(*row);
+    }
+}
+
+QWidget* TankMaintenance::arrangePanels() {
+    const QString& op = operation().name;
+    QWidget* number = m_tank.widget(QStringLiteral("txtNTANQU"));
+    if (onTank()) {
+        m_fraTanque->show();
+        m_fraTanque->setEnabled(true);
+        m_fraCompar->hide();
+        if (op == m_family.incluirTanque) {
+            m_fraProp->hide();
+            m_picNTANQU->setEnabled(true);
+            m_tank.edit(QStringLiteral("txtNTANQU"))->setReadOnly(false);
+            return number;
+        }
+        m_fraProp->setVisible(m_tank.value(QStringLiteral("cmbIPROPR")).toString() ==
+                              QLatin1String("O"));
+        m_fraProp->setEnabled(true);
+        m_tank.edit(QStringLiteral("txtNTANQU"))->setReadOnly(true);
+        m_picNTANQU->setEnabled(false);
+        return m_tank.widget(QStringLiteral("txtNIDENT"));
+    }
+    m_fraTanque->setEnabled(false);
+    m_fraCompar->show();
+    m_fraCompar->setEnabled(true);
+    m_fraProp->setEnabled(false);
+    if (op == kIncluirCompartimento) {
+        m_picNCOMPR->setEnabled(true);
+        return m_compartment.widget(QStringLiteral("txtNCOMPR"));
+    }
+    m_compartment.edit(QStringLiteral("txtNCOMPR"))->setReadOnly(true);
+    m_picNCOMPR->setEnabled(false);
+    return m_compartment.widget(QStringLiteral("cmbNBOCACARRG"));
+}
+
+QList<QWidget*> TankMaintenance::snapshotFields() const {
+    QList<QWidget*> fields;
+    if (!m_fraTanque->isHidden())
+        fields << m_tank.widgets();
+    if (!m_fraCompar->isHidden())
+        fields << m_compartment.widgets();
+    if (!m_fraProp->isHidden() && operation().name == m_family.alterarTanque)
+        fields << m_fraProp->fields();
+    return fields;
+}
+
+ui::Check TankMaintenance::validate() {
+    if (!onTank())
+        return m_compartment.validate();
+    if (ui::Check refused = m_tank.validate())
+        return refused;
+    if (!m_fraProp->isHidden())
+        return m_fraProp->validate();
+    return {};
+}
+
+ui::Check TankMaintenance::leaveCheck(QWidget* field) {
+    if (ui::Check refused = m_tank.leave(field))
+        return refused;
+    return m_compartment.leave(field);
+}
+
+store::Row TankMaintenance::tankValues() const {
+    store::Row values = m_tank.values();
+    if (m_family.fixedMaterials && !otherMaterial())
+        values.insert(QStringLiteral("DMATRLOUTRO"), QVariant());
+    return values;
+}
+
 void TankMaintenance::write(store::Database& db) {
     const QString& op = operation().name;
-    const QString& itanqu = m_family.itanqu;
-    if (op == m_family.incluirTanque) {
-        gravarTanque(db);
-        if (ownerShown())
-            m_fraProp->write(db, session(), itanqu, m_ntanqu->text().toInt());
-        else
-            deleteTankOwner(db, session(), itanqu, m_ntanqu->text().toInt());
-    } else if (op == m_family.alterarTanque) {
-        alterarTanque(db);
-        deleteTankOwner(db, session(), itanqu, m_ntanqu->text().toInt());
-        if (ownerShown())
-            m_fraProp->write(db, session(), itanqu, m_ntanqu->text().toInt());
+    if (op == m_family.incluirTanque || op == m_family.alterarTanque) {
+        if (op == m_family.incluirTanque) {
+            store::Row row = session().newRow();
+            row.insert(QStringLiteral("ITANQU"), m_family.itanqu);
+            row.insert(tankValues());
+            store::insertRow(db, "TB_POSTOTANQU", row);
+        } else {
+            // The corrosion protection of the tank is entered on its own screen and stays.
+            store::updateRow(db, "TB_POSTOTANQU", tankKey(), tankValues());
+        }
+        m_fraProp->remove(db, tankKey());
+        if (!m_fraProp->isHidden()) {
+            store::Row owner = tankKey();
+            owner.insert(session().newRow());
+            m_fraProp->write(db, owner);
+        }
     } else if (op == kIncluirCompartimento) {
-        gravarCompartimento(db);
+        store::Row row = session().newRow();
+        row.insert(compartmentKey());
+        row.insert(m_compartment.values());
+        store::insertRow(db, "TB_POSTOTANQUCOMPR", row);
     } else {
-        alterarCompartimento(db);
+        store::updateRow(db, "TB_POSTOTANQUCOMPR", compartmentKey(), m_compartment.values());
     }
-}
-
-void TankMaintenance::gravarTanque(store::Database& db) {
-    const QVariant report = dateValue(m_atesteestnq);
-    QString columns = QStringLiteral("NMUNCP, NSEQNC, AINFRM, ITANQU,NTANQU,NIDENT,AINSTL, NMATRL,"
-                                     "QCOMPRT,");
-    QVariantList values = {
-        session().nmuncp,    session().nseqnc,         session().ainfrm.toString(Qt::ISODate),
-        m_family.itanqu,     m_ntanqu->text().toInt(), m_nident->text(),
-        dateValue(m_ainstl), chosenCode(m_nmatrl),     m_qcomprt->text().toInt()};
-    if (report.isValid()) {
-        columns += QStringLiteral("ATESTEESTNQ,");
-        values << report;
-    }
-    columns += QStringLiteral("SSISTMPROTC, IPROTC,DPROTC,IFREQNMANTN, IPROPR,");
-    values << QVariant() << QVariant() << QVariant() << QVariant() << chosenCode(m_ipropr);
-    if (m_family.hasPosition) {
-        columns += QStringLiteral("IPOSCA,");
-        values << chosenCode(m_iposca);
-    }
-    if (m_family.hasBase) {
-        columns += QStringLiteral("NBASE,");
-        values << chosenCode(m_nbase);
-    }
-    if (m_family.fixedMaterials) {
-        columns += QStringLiteral("DMATRLOUTRO,");
-        values << materialDescription();
-    }
-    columns += QStringLiteral("ISITCA, ITESTEESTNQ");
-    values << situacao() << chosenCode(m_teste);
-    QStringList marks;
-    for (qsizetype i = 0; i < values.size(); ++i)
-        marks << QStringLiteral("?");
-    db.run(QStringLiteral("Insert Into TB_POSTOTANQU (") + columns + QStringLiteral(") Values(") +
-               marks.join(QLatin1Char(',')) + QLatin1Char(')'),
-           values);
-}
-
-void TankMaintenance::alterarTanque(store::Database& db) {
-    const QVariant nmatrl =
-        db.scalar(QStringLiteral("Select NMATRL From DICNRMATRLTANQU Where DMATRL = ?"),
-                  {m_nmatrl->currentText()});
-    // The corrosion protection of the tank is entered on its own screen and stays as it was.
-    QString assignments = QStringLiteral("ITANQU = ?, NIDENT = ?, AINSTL = ?, NMATRL = ?,"
-                                         " QCOMPRT = ?, ATESTEESTNQ = ?, ITESTEESTNQ = ?,"
-                                         " IPROPR = ?, ISITCA = ?");
-    QVariantList values = {m_family.itanqu,
-                           m_nident->text(),
-                           dateValue(m_ainstl),
-                           nmatrl,
-                           m_qcomprt->text().toInt(),
-                           dateValue(m_atesteestnq),
-                           chosenCode(m_teste),
-                           chosenCode(m_ipropr),
-                           situacao()};
-    if (m_family.hasPosition) {
-        assignments += QStringLiteral(", IPOSCA = ?");
-        values << chosenCode(m_iposca);
-    }
-    if (m_family.hasBase) {
-        assignments += QStringLiteral(", NBASE = ?");
-        values << db.scalar(QStringLiteral("Select NBASE From DICNRBASE Where DBASE = ?"),
-                            {m_nbase->currentText()});
-    }
-    if (m_family.fixedMaterials) {
-        assignments += QStringLiteral(", DMATRLOUTRO = ?");
-        values << materialDescription();
-    }
-    values << session().nmuncp << session().nseqnc << m_family.itanqu << m_ntanqu->text().toInt();
-    db.run(QStringLiteral("Update TB_POSTOTANQU Set ") + assignments +
-               QStringLiteral(" Where NMUNCP = ? And NSEQNC = ? And ITANQU = ? And NTANQU = ?"),
-           values);
-}
-
-QVariant TankMaintenance::situacao() const {
-    return m_isitca->currentText() == QLatin1String("Em Uso") ? QStringLiteral("A")
-                                                              : QStringLiteral("D");
-}
-
-QVariant TankMaintenance::materialDescription() const {
-    return otherMaterial() && !m_dmatrloutro->text().isEmpty() ? QVariant(m_dmatrloutro->text())
-                                                               : QVariant();
-}
-
-void TankMaintenance::gravarCompartimento(store::Database& db) {
-    db.run(QStringLiteral("Insert Into TB_POSTOTANQUCOMPR (NMUNCP, NSEQNC, AINFRM, ITANQU,NTANQU,"
-                          "NCOMPR,NBOCACARRG, QCAPCD,NCOMBS,QRESPRALTRA,QRESPRDISTCRECPT)"
-                          " Values(?,?,?,?,?,?,?,?,?,?,?)"),
-           {session().nmuncp, session().nseqnc, session().ainfrm.toString(Qt::ISODate),
-            m_family.itanqu, m_ntanqu->text().toInt(), m_ncompr->text().toInt(),
-            chosenCode(m_nbocacarrg), m_qcapcd->text().toInt(), chosenCode(m_ncombs),
-            m_qrespraltra->text().toInt(), rules::numeroParaSql(m_qresprdistcrecpt->text())});
-}
-
-void TankMaintenance::alterarCompartimento(store::Database& db) {
-    QSqlQuery codes = db.run(QStringLiteral("Select NBOCACARRG,NCOMBS From DICNRBOCACARRG dicb,"
-                                            "DICNRCOMBS dicc Where DBOCACARRG = ? And  DCOMBS = ?"),
-                             {m_nbocacarrg->currentText(), m_ncombs->currentText()});
-    QVariant nbocacarrg;
-    QVariant ncombs;
-    if (codes.next()) {
-        nbocacarrg = codes.value(0);
-        ncombs = codes.value(1);
-    }
-    db.run(QStringLiteral("Update TB_POSTOTANQUCOMPR Set NBOCACARRG = ?, QCAPCD = ?, NCOMBS = ?,"
-                          " QRESPRALTRA = ?, QRESPRDISTCRECPT = ? Where NMUNCP = ? And NSEQNC = ?"
-                          " And ITANQU = ? And NTANQU = ? And NCOMPR = ?"),
-           {nbocacarrg, m_qcapcd->text().toInt(), ncombs, m_qrespraltra->text().toInt(),
-            rules::numeroParaSql(m_qresprdistcrecpt->text()), session().nmuncp, session().nseqnc,
-            m_family.itanqu, m_ntanqu->text().toInt(), m_ncompr->text().toInt()});
 }
 
 QString TankMaintenance::newKey() const {
-    return QString::number(onTank() ? m_ntanqu->text().toInt() : m_ncompr->text().toInt());
+    return QString::number(onTank() ? m_tank.value(QStringLiteral("txtNTANQU")).toInt()
+                                    : m_compartment.value(QStringLiteral("txtNCOMPR")).toInt());
 }
 
 int TankMaintenance::childrenDue() const {
-    const int declared = m_qcomprt->text().toInt();
+    const int declared = m_tank.value(QStringLiteral("txtQCOMPRT")).toInt();
     if (operation().name == m_family.incluirTanque)
         return declared;
     if (operation().name == m_family.alterarTanque && declared > m_oldCompartments)

@@ -1,15 +1,18 @@
 #pragma once
 
-#include "fuel/FormParts.h"
+#include "store/RowWriter.h"
+#include "ui/FieldSet.h"
+#include "ui/FormParts.h"
 #include "ui/MaintenanceScreen.h"
 
-class QComboBox;
 class QGroupBox;
-class QLineEdit;
+
+namespace ui {
+class OwnerPanel;
+}
 
 namespace fuel {
 
-class OwnerPanel;
 struct TankFamily;
 
 // frmTanquM and frmTanquAereoM: one tank of the family, with its owner, or one of its
@@ -32,51 +35,29 @@ protected:
     int childrenDue() const override;
 
 private:
+    void declareTank();
+    void declareCompartment();
+    void layOut();
     bool onTank() const;
-    bool ownerShown() const;
-    ui::Check consistirTanque();
-    ui::Check consistirCompartimento();
-    void materialChosen();
     bool otherMaterial() const;
-    void gravarTanque(store::Database& db);
-    void alterarTanque(store::Database& db);
-    // ISITCA as written: "A" for "Em Uso", otherwise "D".
-    QVariant situacao() const;
-    // DMATRLOUTRO as written: the description of "Outros", Null for any other material.
-    QVariant materialDescription() const;
-    void gravarCompartimento(store::Database& db);
-    void alterarCompartimento(store::Database& db);
+    void materialChosen();
+    store::Row tankKey() const;
+    store::Row compartmentKey() const;
+    // The tank's row as written: DMATRLOUTRO describes "Outros" alone, Null for any other
+    // material.
+    store::Row tankValues() const;
 
     const TankFamily& m_family;
-
+    ui::FieldSet m_tank;
+    ui::FieldSet m_compartment;
     QGroupBox* m_fraTanque = nullptr;
-    QWidget* m_picNTANQU = nullptr;
-    QLineEdit* m_ntanqu = nullptr;
-    QLineEdit* m_nident = nullptr;
-    QLineEdit* m_ainstl = nullptr;
-    QComboBox* m_iposca = nullptr;
-    QComboBox* m_nmatrl = nullptr;
-    QWidget* m_picDMATRLOUTRO = nullptr;
-    QLineEdit* m_dmatrloutro = nullptr;
-    QComboBox* m_nbase = nullptr;
-    QLineEdit* m_qcomprt = nullptr;
-    QComboBox* m_teste = nullptr;
-    QLineEdit* m_atesteestnq = nullptr;
-    IntegrityReport m_report; // the installation date and the integrity report
-    QComboBox* m_ipropr = nullptr;
-    QComboBox* m_isitca = nullptr;
-
     QGroupBox* m_fraCompar = nullptr;
+    QWidget* m_picNTANQU = nullptr;
     QWidget* m_picNCOMPR = nullptr;
-    QLineEdit* m_ncompr = nullptr;
-    QComboBox* m_nbocacarrg = nullptr;
-    QLineEdit* m_qcapcd = nullptr;
-    QComboBox* m_ncombs = nullptr;
-    QLineEdit* m_qrespraltra = nullptr;
-    QLineEdit* m_qresprdistcrecpt = nullptr;
-
-    OwnerPanel* m_fraProp = nullptr;
-    // QCOMPRT as the grid showed it when the tank was opened for a change.
+    QWidget* m_picDMATRLOUTRO = nullptr;
+    ui::IntegrityReport m_report; // the installation date and the integrity report
+    ui::OwnerPanel* m_fraProp = nullptr;
+    // QCOMPRT as stored when the tank was opened for a change.
     int m_oldCompartments = 0;
 };
 

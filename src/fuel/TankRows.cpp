@@ -5,54 +5,40 @@
 
 namespace fuel {
 
-namespace {
-
-const QString kTankCondition =
-    QStringLiteral(" Where NMUNCP = ? And NSEQNC = ? And ITANQU = ? And NTANQU = ?");
-
-QVariantList tankKey(const ui::Session& session, const QString& itanqu, const QVariant& ntanqu) {
-    return {session.nmuncp, session.nseqnc, itanqu, ntanqu};
+store::Row tankKey(const ui::Session& session, const QString& itanqu, const QVariant& ntanqu) {
+    store::Row key = session.keyRow();
+    key.insert(QStringLiteral("ITANQU"), itanqu);
+    key.insert(QStringLiteral("NTANQU"), ntanqu);
+    return key;
 }
-
-} // namespace
 
 void deleteTank(store::Database& db, const ui::Session& session, const QString& itanqu,
                 const QVariant& ntanqu) {
-    const QVariantList key = tankKey(session, itanqu, ntanqu);
-    db.run(QStringLiteral("Delete From TB_POSTOBOMBATANQU") + kTankCondition, key);
-    db.run(QStringLiteral("Delete From TB_POSTOTANQUCOMPR") + kTankCondition, key);
-    db.run(QStringLiteral("Delete From TB_POSTOTANQUPROPR") + kTankCondition, key);
-    db.run(QStringLiteral("Delete From TB_POSTOTANQU") + kTankCondition, key);
+    const store::Row key = tankKey(session, itanqu, ntanqu);
+    store::deleteRows(db, "TB_POSTOBOMBATANQU", key);
+    store::deleteRows(db, "TB_POSTOTANQUCOMPR", key);
+    store::deleteRows(db, "TB_POSTOTANQUPROPR", key);
+    store::deleteRow(db, "TB_POSTOTANQU", key);
 }
 
 void deleteCompartment(store::Database& db, const ui::Session& session, const QString& itanqu,
                        const QVariant& ntanqu, const QVariant& ncompr) {
-    QVariantList key = tankKey(session, itanqu, ntanqu);
-    key << ncompr;
-    db.run(QStringLiteral("Delete From TB_POSTOBOMBATANQU") + kTankCondition +
-               QStringLiteral(" And NCOMPR = ?"),
-           key);
-    db.run(QStringLiteral("Delete From TB_POSTOTANQUCOMPR") + kTankCondition +
-               QStringLiteral(" And NCOMPR = ?"),
-           key);
-    const int remaining = countCompartments(db, session, itanqu, ntanqu);
-    db.run(QStringLiteral("Update TB_POSTOTANQU Set QCOMPRT = ?") + kTankCondition,
-           QVariantList{remaining} + tankKey(session, itanqu, ntanqu));
+    const store::Row tank = tankKey(session, itanqu, ntanqu);
+    store::Row compartment = tank;
+    compartment.insert(QStringLiteral("NCOMPR"), ncompr);
+    store::deleteRows(db, "TB_POSTOBOMBATANQU", compartment);
+    store::deleteRow(db, "TB_POSTOTANQUCOMPR", compartment);
+    store::updateRow(db, "TB_POSTOTANQU", tank,
+                     {{QStringLiteral("QCOMPRT"), countCompartments(db, session, itanqu, ntanqu)}});
 }
 
 int countCompartments(store::Database& db, const ui::Session& session, const QString& itanqu,
                       const QVariant& ntanqu) {
     return db
-        .scalar(QStringLiteral("Select Count(NCOMPR) as CountNCOMPR From TB_POSTOTANQUCOMPR") +
-                    kTankCondition,
-                tankKey(session, itanqu, ntanqu))
+        .scalar(QStringLiteral("Select Count(NCOMPR) as CountNCOMPR From TB_POSTOTANQUCOMPR"
+                               " Where NMUNCP = ? And NSEQNC = ? And ITANQU = ? And NTANQU = ?"),
+                {session.nmuncp, session.nseqnc, itanqu, ntanqu})
         .toInt();
-}
-
-void deleteTankOwner(store::Database& db, const ui::Session& session, const QString& itanqu,
-                     const QVariant& ntanqu) {
-    db.run(QStringLiteral("Delete From TB_POSTOTANQUPROPR") + kTankCondition,
-           tankKey(session, itanqu, ntanqu));
 }
 
 } // namespace fuel

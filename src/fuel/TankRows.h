@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/RowWriter.h"
+
 #include <QString>
 #include <QVariant>
 
@@ -14,6 +16,9 @@ struct Session;
 // share; `itanqu` is "S" or "A" and keeps the two families apart.
 namespace fuel {
 
+// The key of a tank of the open register.
+store::Row tankKey(const ui::Session& session, const QString& itanqu, const QVariant& ntanqu);
+
 // A tank with its compartments, its owner and the pumps' links to it. Pumps stay, with or
 // without links.
 void deleteTank(store::Database& db, const ui::Session& session, const QString& itanqu,
@@ -27,9 +32,5 @@ void deleteCompartment(store::Database& db, const ui::Session& session, const QS
 // The number of compartments a tank has.
 int countCompartments(store::Database& db, const ui::Session& session, const QString& itanqu,
                       const QVariant& ntanqu);
-
-// The owner row of a tank goes; GravarProprietario writes it again when the owner is "Outros".
-void deleteTankOwner(store::Database& db, const ui::Session& session, const QString& itanqu,
-                     const QVariant& ntanqu);
 
 } // namespace fuel

@@ -5,9 +5,11 @@
 #include "rules/Formats.h"
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/PrivateFiles.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QFont>
 #include <QImage>
@@ -247,6 +249,7 @@ int Memorial::print(QPagedPaintDevice& device) const {
 }
 
 int Memorial::writePdf(const QString& path) const {
+    store::makePrivateFile(path);
     QPdfWriter writer(path);
     writer.setResolution(300);
     writer.setPageSize(QPageSize(QPageSize::A4));
@@ -254,9 +257,11 @@ int Memorial::writePdf(const QString& path) const {
     writer.setTitle(QStringLiteral("Caderno Vorel de Empreendimento - %1").arg(m_band.code));
     const int pages = print(writer);
     // QPdfWriter reports no write error of its own; a file that did not appear is one.
-    if (!QFileInfo::exists(path) || QFileInfo(path).size() == 0)
+    if (!QFileInfo::exists(path) || QFileInfo(path).size() == 0) {
+        QFile::remove(path);
         throw store::Failure::other(75, QStringLiteral("Não foi possível gravar o arquivo %1.")
                                             .arg(QDir::toNativeSeparators(path)));
+    }
     return pages;
 }
 

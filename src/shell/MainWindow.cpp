@@ -5,14 +5,13 @@
 #include "shell/SuggestionsPanel.h"
 
 #include "shell/Hooks.h"
+#include "shell/Manual.h"
 #include "shell/ObjectiveDialog.h"
 #include "shell/QuestionnaireFrame.h"
 #include "store/Database.h"
 #include "ui/BusyCursor.h"
 #include "ui/Dialogs.h"
 
-#include <QDir>
-#include <QFile>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -26,7 +25,6 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QStackedWidget>
-#include <QStandardPaths>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -359,6 +357,13 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void MainWindow::preencher() {
+    // The questionnaire starts again from the register list: what a screen holds unsaved goes
+    // only if the user says so.
+    if (m_frame && !m_frame->mayLeaveScreens()) {
+        m_frame->raise();
+        m_frame->activateWindow();
+        return;
+    }
     ObjectiveDialog objective(m_db, m_session, this);
     objective.exec();
     ui::BusyCursor busy;
@@ -377,19 +382,9 @@ void MainWindow::preencher() {
 }
 
 void MainWindow::manual() {
-    // The manual is compiled into the program and opened from a copy in the temporary folder,
-    // with whatever viewer the desktop has for HTML.
-    const QString folder = QDir(QStandardPaths::writableLocation(QStandardPaths::TempLocation))
-                               .filePath(QStringLiteral("vor-manual"));
-    const QString target = QDir(folder).filePath(QStringLiteral("index.html"));
-    QDir().mkpath(folder);
-    QFile::remove(target);
-    bool opened = QFile::copy(QStringLiteral(":/manual/index.html"), target);
-    if (opened) {
-        QFile::setPermissions(target, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        opened = hooks().openUrl(QUrl::fromLocalFile(target));
-    }
-    if (!opened)
+    // Opened with whatever viewer the desktop has for HTML.
+    const QString file = manualFile(QCoreApplication::applicationDirPath());
+    if (file.isEmpty() || !hooks().openUrl(QUrl::fromLocalFile(file)))
         ui::dialogs().message(ui::kTitle,
                               QStringLiteral("Não foi possível abrir o Manual de Preenchimento."),
                               ui::Icon::Warning);

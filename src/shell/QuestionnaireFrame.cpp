@@ -2,6 +2,9 @@
 
 #include "shell/RegisterList.h"
 
+#include "ui/Dialogs.h"
+
+#include <QCloseEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QStackedWidget>
@@ -21,7 +24,7 @@ QuestionnaireFrame::QuestionnaireFrame(store::Database& db, ui::Session& session
     arquivo->setObjectName(QStringLiteral("zMenuArquivo"));
     QAction* sair = menuBar()->addAction(QStringLiteral("&Sair"));
     sair->setObjectName(QStringLiteral("zMenuSair"));
-    connect(arquivo, &QAction::triggered, this, &QuestionnaireFrame::showList);
+    connect(arquivo, &QAction::triggered, this, &QuestionnaireFrame::backToList);
     connect(sair, &QAction::triggered, this, &QWidget::close);
 
     auto* central = new QWidget(this);
@@ -42,6 +45,31 @@ QuestionnaireFrame::QuestionnaireFrame(store::Database& db, ui::Session& session
 
 void QuestionnaireFrame::showList() {
     showScreen(new RegisterList(*this));
+}
+
+void QuestionnaireFrame::backToList() {
+    if (mayLeaveScreens())
+        showList();
+}
+
+bool QuestionnaireFrame::mayLeaveScreens() {
+    bool unsaved = false;
+    for (int i = 0; i < m_stack->count(); ++i) {
+        if (const auto* screen = qobject_cast<const ui::Screen*>(m_stack->widget(i)))
+            unsaved = unsaved || screen->hasUnsavedInput();
+    }
+    return !unsaved || ui::dialogs().ask(ui::kTitle,
+                                         QStringLiteral("Os dados digitados nesta tela ainda não "
+                                                        "foram gravados. Deseja abandoná-los?"),
+                                         ui::Icon::Question, true);
+}
+
+void QuestionnaireFrame::closeEvent(QCloseEvent* event) {
+    if (!mayLeaveScreens()) {
+        event->ignore();
+        return;
+    }
+    QMainWindow::closeEvent(event);
 }
 
 void QuestionnaireFrame::showScreen(QWidget* screen) {

@@ -41,9 +41,16 @@ public:
     void closeTop();
     // The screen in front, or null.
     QWidget* currentScreen() const;
+    // Whether the screens may go: true when none holds unsaved input, or when the user agrees
+    // to abandon it.
+    bool mayLeaveScreens();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void updateTitle();
+    void backToList();
 
     store::Database& m_db;
     ui::Session& m_session;

@@ -2,6 +2,7 @@
 
 #include "store/Database.h"
 #include "store/Failure.h"
+#include "store/PrivateFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,9 +23,11 @@ QString backupPath(const QString& databasePath, const QDateTime& when) {
 QString writeBackup(Database& db, const QDateTime& when) {
     const QString path = backupPath(db.path(), when);
     const QString folder = QFileInfo(path).absolutePath();
-    if (!QDir().mkpath(folder))
+    if (!makePrivateFolder(folder))
         throw Failure::other(75, QStringLiteral("Não foi possível criar a pasta ") + folder);
-    // VACUUM INTO writes a complete, consistent database even while this connection is open.
+    // VACUUM INTO writes a complete, consistent database even while this connection is open;
+    // it fills the empty private file made here as it would a missing one.
+    makePrivateFile(path);
     try {
         db.run(QStringLiteral("VACUUM INTO ?"), {path});
     } catch (...) {

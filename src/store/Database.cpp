@@ -1,13 +1,16 @@
 #include "store/Database.h"
 
 #include "store/Failure.h"
+#include "store/PrivateFiles.h"
 #include "store/ReferenceData.h"
 #include "store/TableCatalogue.h"
 
 #include <QAtomicInt>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSqlError>
+#include <cstdio>
 #include <functional>
 #include <vector>
 
@@ -34,14 +37,30 @@ const std::vector<std::function<void(Database&)>> kMigrations = {
     [](Database& db) { db.run(QStringLiteral("CREATE INDEX EMPRS_CCGC ON EMPRS (CCGC)")); },
 };
 
+// A new database file is created empty and private before SQLite opens it (SQLite takes an empty
+// file for a new database, and gives its journal files the database's own permissions). One
+// that an earlier version left open to other users is narrowed, and the user is told once.
+void keepPrivate(const QString& path) {
+    if (const auto before = narrowToOwner(path)) {
+        const QString note = QStringLiteral("vor: permissões de %1 reduzidas de %2 para %3: o "
+                                            "banco de dados guarda dados pessoais.\n")
+                                 .arg(path, modeText(*before), modeText(QFile::permissions(path)));
+        std::fputs(note.toLocal8Bit().constData(), stderr);
+    }
+    for (const char* journal : {"-wal", "-shm", "-journal"})
+        narrowToOwner(path + QLatin1String(journal));
+    makePrivateFile(path);
+}
+
 } // namespace
 
 Database::Database(const QString& path)
     : m_path(path)
     , m_connectionName(QStringLiteral("vor-%1").arg(connectionCounter.fetchAndAddRelaxed(1))) {
     const QFileInfo info(path);
-    if (!info.absoluteDir().exists() && !QDir().mkpath(info.absolutePath()))
+    if (!info.absoluteDir().exists() && !makePrivateFolder(info.absolutePath()))
         throw Failure::other(76, QStringLiteral("Caminho não encontrado: ") + info.absolutePath());
+    keepPrivate(path);
 
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     db.setDatabaseName(path);

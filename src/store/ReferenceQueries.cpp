@@ -56,4 +56,13 @@ std::optional<int> cepRegional(Database& db, int nmuncp, const QString& fourAndS
     return query.value(0).toInt();
 }
 
+rules::CepCheck consscep(Database& db, const QString& cep, int nmuncp) {
+    const rules::CepPatterns p = rules::cepPatterns(cep);
+    const std::optional<int> regional =
+        cepRegional(db, nmuncp, p.fourAndStar, p.threeAndStars, p.five);
+    if (!regional)
+        return {rules::kCepInvalido, 0};
+    return {QString(), *regional};
+}
+
 } // namespace store

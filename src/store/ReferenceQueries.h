@@ -1,5 +1,7 @@
 #pragma once
 
+#include "rules/Address.h"
+
 #include <QString>
 #include <optional>
 #include <vector>
@@ -26,5 +28,9 @@ std::optional<Municipality> municipality(Database& db, int number);
 // CCEP is one of the three given, or nothing when there is none.
 std::optional<int> cepRegional(Database& db, int nmuncp, const QString& fourAndStar,
                                const QString& threeAndStars, const QString& five);
+
+// consscep: whether the CEP belongs to the municipality, and the regional office that serves
+// it. A database failure is thrown as a store::Failure, for the caller's error routine.
+rules::CepCheck consscep(Database& db, const QString& cep, int nmuncp);
 
 } // namespace store

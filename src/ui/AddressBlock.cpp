@@ -25,15 +25,6 @@ bool leavesForGood(QEvent* event) {
 
 } // namespace
 
-rules::CepCheck consscep(store::Database& db, const QString& cep, int nmuncp) {
-    const rules::CepPatterns p = rules::cepPatterns(cep);
-    const std::optional<int> regional =
-        store::cepRegional(db, nmuncp, p.fourAndStar, p.threeAndStars, p.five);
-    if (!regional)
-        return {rules::kCepInvalido, 0};
-    return {QString(), *regional};
-}
-
 AddressTexts AddressTexts::ownerPanel() {
     AddressTexts texts;
     texts.cepRequired = QStringLiteral("Preenchimento Obrigatório do CEP.");
@@ -180,7 +171,7 @@ rules::CepCheck AddressBlock::checkCep() const {
     const std::optional<int> number = municipalityNumber();
     if (!number)
         return {rules::kCepInvalido, 0};
-    return consscep(m_db, cep(), *number);
+    return store::consscep(m_db, cep(), *number);
 }
 
 void AddressBlock::setMunicipalityLocked(bool locked) {

@@ -20,10 +20,6 @@ class Database;
 // widgets with AddressBlock::attach, or takes the whole panel from ui/AddressPanel.h.
 namespace ui {
 
-// consscep: whether the CEP belongs to the municipality, and the regional office that serves
-// it. A database failure is thrown as a store::Failure, for the caller's error routine.
-rules::CepCheck consscep(store::Database& db, const QString& cep, int nmuncp);
-
 enum class MunicipalityList {
     MunicipalitiesOnly,       // the register form: the state's municipalities
     StatesThenMunicipalities, // every other screen: the other states first, then municipalities

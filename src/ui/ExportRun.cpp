@@ -2,6 +2,7 @@
 
 #include "exchange/ExportFailure.h"
 #include "exchange/Exporter.h"
+#include "exchange/MailPassword.h"
 #include "store/Failure.h"
 #include "ui/Dialogs.h"
 #include "ui/ErrorRoutine.h"
@@ -34,6 +35,23 @@ public:
 private:
     bool m_on = true;
 };
+
+// The password for a login: the one this session or the keyring knows, else asked for now and
+// kept for the session. Nothing when the user cancels. A login that the connection would refuse
+// asks for nothing: the send says why.
+std::optional<QString> mailPassword(const exchange::MailSettings& settings) {
+    if (exchange::plainLoginRefusal(settings))
+        return QString();
+    if (const auto known = exchange::knownMailPassword().password)
+        return known;
+    const std::optional<QString> typed = dialogs().input(
+        kTitle,
+        QStringLiteral("Senha do usuário %1 no servidor %2:").arg(settings.user, settings.host),
+        true);
+    if (typed)
+        exchange::keepMailPasswordForSession(*typed);
+    return typed;
+}
 
 } // namespace
 
@@ -77,8 +95,14 @@ ExportRunOutcome runExportWithQuestions(store::Database& db, const store::Regist
         if (!options.mail && !exchange::MailSettings::load().isComplete() &&
             !MailSettingsDialog::edit(QApplication::activeWindow()))
             return;
-        const exchange::MailSettings settings =
+        exchange::MailSettings settings =
             options.mail ? *options.mail : exchange::MailSettings::load();
+        if (!options.mail && !settings.user.isEmpty()) {
+            const std::optional<QString> password = mailPassword(settings);
+            if (!password)
+                return;
+            settings.password = *password;
+        }
         const exchange::MailStep::Outcome sent = step.send(settings, options.sender);
         if (sent.sendError) {
             dialogs().message(

@@ -307,7 +307,7 @@ void ListScreen::insert(bool forced) {
         operation = m_def.levels[0].insertOperation;
     } else {
         if (dataRows(0) == 0) {
-            showRefusal({nullptr, m_def.noParentMessage});
+            showRefusal({QString(), m_def.noParentMessage});
             return;
         }
         if (m_def.checkDetailInsert) {

@@ -1,18 +1,11 @@
 #include "ui/MaintenanceScreen.h"
 
-#include "store/Database.h"
 #include "ui/BusyCursor.h"
 #include "ui/ErrorRoutine.h"
 #include "ui/HeaderBand.h"
 #include "ui/Session.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QEvent>
-#include <QFocusEvent>
 #include <QHBoxLayout>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -29,23 +22,11 @@ QPushButton* button(const QString& name, const QString& caption, QWidget* parent
     return b;
 }
 
-QString fieldText(const QWidget* field) {
-    if (const auto* edit = qobject_cast<const QLineEdit*>(field))
-        return edit->text();
-    if (const auto* combo = qobject_cast<const QComboBox*>(field))
-        return combo->currentText();
-    if (const auto* text = qobject_cast<const QPlainTextEdit*>(field))
-        return text->toPlainText();
-    if (const auto* check = qobject_cast<const QAbstractButton*>(field))
-        return check->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
-    return {};
-}
-
 } // namespace
 
 MaintenanceScreen::MaintenanceScreen(ScreenHost& host, QString listName,
                                      QList<Operation> operations, QWidget* parent)
-    : Screen(parent)
+    : EditScreen(host.database(), host.session(), parent)
     , m_host(host)
     , m_listName(std::move(listName))
     , m_operations(std::move(operations)) {
@@ -70,14 +51,6 @@ MaintenanceScreen::MaintenanceScreen(ScreenHost& host, QString listName,
     connect(m_fechar, &QPushButton::clicked, this, &MaintenanceScreen::cancel);
 }
 
-Session& MaintenanceScreen::session() const {
-    return m_host.session();
-}
-
-store::Database& MaintenanceScreen::database() const {
-    return m_host.database();
-}
-
 void MaintenanceScreen::start(const QString& operation, const ListSelection& rows, bool forced) {
     for (const Operation& op : std::as_const(m_operations)) {
         if (op.name == operation)
@@ -93,14 +66,12 @@ void MaintenanceScreen::start(const QString& operation, const ListSelection& row
 }
 
 void MaintenanceScreen::enter() {
-    for (QWidget* field : watchedFields())
-        field->installEventFilter(this);
+    watchFields();
     QWidget* first = nullptr;
     runGuarded([&] { first = arrangePanels(); });
     if (first)
         first->setFocus(Qt::OtherFocusReason);
-    m_retratoInicial = composeSnapshot();
-    m_retratoAtual = m_retratoInicial;
+    takeSnapshot();
     m_ok->setEnabled(!m_operation.tracksChanges);
     m_cancelar->setEnabled(false);
     m_fechar->setEnabled(true);
@@ -108,103 +79,22 @@ void MaintenanceScreen::enter() {
         m_fechar->setEnabled(!countedChain() && chainMayClose(m_rows));
 }
 
-Check MaintenanceScreen::leaveCheck(QWidget* /*field*/) {
-    return {};
-}
-
 bool MaintenanceScreen::chainMayClose(const ListSelection& /*rows*/) const {
     return false;
 }
 
-QList<QWidget*> MaintenanceScreen::watchedFields() const {
-    QList<QWidget*> fields;
-    for (QWidget* w : findChildren<QWidget*>()) {
-        if (m_header->isAncestorOf(w))
-            continue;
-        if (qobject_cast<QLineEdit*>(w) && qobject_cast<QComboBox*>(w->parentWidget()))
-            continue; // the edit inside an editable combo box: the box is the field
-        if (qobject_cast<QLineEdit*>(w) || qobject_cast<QComboBox*>(w) ||
-            qobject_cast<QPlainTextEdit*>(w))
-            fields << w;
-    }
-    return fields;
+bool MaintenanceScreen::outsideFields(const QWidget* widget) const {
+    return m_header->isAncestorOf(widget);
 }
 
-QString MaintenanceScreen::composeSnapshot() const {
-    QString snapshot;
-    for (const QWidget* field : snapshotFields())
-        snapshot += fieldText(field);
-    return snapshot;
-}
-
-void MaintenanceScreen::verifyChange() {
-    if (!m_operation.tracksChanges)
-        return;
-    m_retratoAtual = composeSnapshot();
-    const bool changed = m_retratoAtual != m_retratoInicial;
+void MaintenanceScreen::changeShown(bool changed) {
     m_ok->setEnabled(changed);
     m_cancelar->setEnabled(changed);
     m_fechar->setEnabled(!changed);
 }
 
-bool MaintenanceScreen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusOut && !m_inLeaveCheck) {
-        const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        // The window losing the focus to a message box or a popup is no leaving of the field.
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
-            auto* field = static_cast<QWidget*>(watched);
-            m_inLeaveCheck = true;
-            Check refused;
-            const bool ran = runGuarded([&] { refused = leaveCheck(field); });
-            if (refused)
-                showRefusal(*refused);
-            else if (ran)
-                verifyChange();
-            m_inLeaveCheck = false;
-        }
-    }
-    return Screen::eventFilter(watched, event);
-}
-
-bool MaintenanceScreen::leaveFocusedField() {
-    QWidget* field = focusWidget();
-    if (field && qobject_cast<QComboBox*>(field->parentWidget()))
-        field = field->parentWidget();
-    if (!field || !watchedFields().contains(field))
-        return true;
-    m_inLeaveCheck = true;
-    Check refused;
-    const bool ran = runGuarded([&] { refused = leaveCheck(field); });
-    if (refused)
-        showRefusal(*refused);
-    else if (ran)
-        verifyChange();
-    m_inLeaveCheck = false;
-    return ran && !refused;
-}
-
 void MaintenanceScreen::ok() {
-    if (!leaveFocusedField())
-        return;
-    Check refused;
-    if (!runGuarded([&] { refused = validate(); }))
-        return;
-    if (refused) {
-        showRefusal(*refused);
-        return;
-    }
-    bool written = false;
-    {
-        BusyCursor busy;
-        // Either every statement of the operation lasts or none: a failure leaves the scope
-        // with the transaction open, which rolls it back, and the fields keep what was typed.
-        written = runGuarded([&] {
-            store::Transaction transaction(database());
-            write(database());
-            transaction.commit();
-        });
-    }
-    if (!written)
+    if (!save())
         return;
     dialogs().message(kTitle,
                       m_operation.insert ? QStringLiteral("Incluído com Sucesso")

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "ui/EditScreen.h"
 #include "ui/ListScreen.h"
-#include "ui/Refusal.h"
-#include "ui/ScreenHost.h"
 
 #include <QList>
 #include <QString>
@@ -30,11 +29,11 @@ struct Operation {
 };
 
 // The maintenance screen of a list and maintenance pair: one row of the list, added or
-// changed. The pair supplies its fields and small hooks; the order of events is here: the
-// snapshot change check that switches cmdOk, cmdCancelar and cmdFechar, the first refusal of
-// the validation shown on its field, the writes in one transaction, the success message, the
-// way back to the list with the new row selected, and the forced entry chain of detail rows.
-class MaintenanceScreen : public Screen {
+// changed. The pair supplies its fields and small hooks; the order of events is here and in
+// EditScreen: the snapshot change check that switches cmdOk, cmdCancelar and cmdFechar, the
+// save, the success message, the way back to the list with the new row selected, and the
+// forced entry chain of detail rows.
+class MaintenanceScreen : public EditScreen {
     Q_OBJECT
 
 public:
@@ -49,19 +48,13 @@ public:
 
     const Operation& operation() const { return m_operation; }
     bool forced() const { return m_forced; }
-    const QString& retratoInicial() const { return m_retratoInicial; }
-    const QString& retratoAtual() const { return m_retratoAtual; }
 
     // The buttons.
     void ok();
     void cancel();
-    // VerificarAlteracao.
-    void verifyChange();
 
 protected:
     ScreenHost& host() const { return m_host; }
-    Session& session() const;
-    store::Database& database() const;
     // The layout below the header band, where the screen puts its blocks of fields.
     QVBoxLayout* body() const { return m_body; }
 
@@ -72,14 +65,6 @@ protected:
     // Shows, hides, enables the blocks for the operation and reads what the grid does not hold;
     // returns the field that takes the first focus.
     virtual QWidget* arrangePanels() = 0;
-    // The fields of the snapshot, in screen order.
-    virtual QList<QWidget*> snapshotFields() const = 0;
-    // The validation routines of cmdOk in their order; the first refusal or nothing.
-    virtual Check validate() = 0;
-    // The checks of leaving `field`; the first refusal or nothing. May act on other fields.
-    virtual Check leaveCheck(QWidget* field);
-    // The writes of the operation, inside the transaction that the screen opened.
-    virtual void write(store::Database& db) = 0;
     // The key text of the row just written, as the list's first column shows it.
     virtual QString newKey() const = 0;
     // After a main row was written: how many detail rows must be entered now (gPendentes).
@@ -90,15 +75,11 @@ protected:
     // In a chain that is not counted: whether cmdFechar may end it now.
     virtual bool chainMayClose(const ListSelection& rows) const;
 
-    // The fields whose leaving runs leaveCheck and the change check: every line edit and
-    // combo box of the screen below the header band, found when the screen is entered.
-    QList<QWidget*> watchedFields() const;
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeShown(bool changed) override;
+    bool tracksChanges() const override { return m_operation.tracksChanges; }
+    bool outsideFields(const QWidget* widget) const override;
 
 private:
-    QString composeSnapshot() const;
-    bool leaveFocusedField();
     void backToList(const QString& newKey, bool chain);
 
     ScreenHost& m_host;
@@ -107,9 +88,6 @@ private:
     Operation m_operation;
     ListSelection m_rows;
     bool m_forced = false;
-    bool m_inLeaveCheck = false;
-    QString m_retratoInicial;
-    QString m_retratoAtual;
     HeaderBand* m_header = nullptr;
     QVBoxLayout* m_body = nullptr;
     QPushButton* m_ok = nullptr;

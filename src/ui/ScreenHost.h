@@ -25,6 +25,8 @@ class Screen : public QWidget {
 public:
     using QWidget::QWidget;
     virtual void enter() {}
+    // Whether leaving the screen now would lose what the user typed.
+    virtual bool hasUnsavedInput() const { return false; }
 };
 
 // The frame in which the questionnaire's screens come up one at a time. The screens only ask it

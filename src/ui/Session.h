@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/RegisterKey.h"
+#include "store/RowWriter.h"
 
 #include <QDate>
 #include <QString>
@@ -51,6 +52,16 @@ struct Session {
     int pendentes = 0;      // gPendentes: children still to enter in a forced chain
 
     store::RegisterKey key() const { return {nmuncp, nseqnc}; }
+    // The register's key columns, to which a screen adds the key of its own row.
+    store::Row keyRow() const {
+        return {{QStringLiteral("NMUNCP"), nmuncp}, {QStringLiteral("NSEQNC"), nseqnc}};
+    }
+    // The columns that every row a screen inserts starts with: the key and the information date.
+    store::Row newRow() const {
+        store::Row row = keyRow();
+        row.insert(QStringLiteral("AINFRM"), ainfrm.toString(Qt::ISODate));
+        return row;
+    }
     void setKey(const store::RegisterKey& k) {
         nmuncp = k.nmuncp;
         nseqnc = k.nseqnc;

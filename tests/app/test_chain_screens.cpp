@@ -34,7 +34,6 @@ private slots:
             "frmPostoUSOOCUPCSOLO",    "frmPostoContrEstq",       "frmPostoHistrVazmnSubtr",
             "frmPostoProtcCatdcSubtr", "frmPostoMontrAmbnt",      "frmPostoHistrVazmnAereo",
             "frmPostoProtcCatdcAereo", "frmPostoMontrAmbntAereo", "frmBaciaContn",
-            "frmPostoGasBatri",        "frmPostoGasCompr",        "frmPostoGasBomba",
             "frmPostoMovmn",           "frmPostoAreaServc",       "frmPostoConsmAgua",
             "frmPostoEflntLiqdo",      "frmPostoResdu",           "frmPostoPrevnEmissAr",
             "frmPostoRuido",           "frmPostoPrevnAcidn",      "frmPostoEntrg",

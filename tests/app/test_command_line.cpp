@@ -75,6 +75,37 @@ private slots:
         QVERIFY(!run.err.isEmpty());
     }
 
+    // Scripts tell a wrong call (2) from a failed run (1), whichever part of the line is wrong.
+    void wrongArgumentsEndWithStatusTwo_data() {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("unknown command") << QStringList{"frobnicate"} << "frobnicate";
+        QTest::newRow("command without database") << QStringList{"summary"} << "--database";
+        QTest::newRow("unknown option of a command")
+            << QStringList{"init", "--database", "x.db", "--force"} << "force";
+        QTest::newRow("option without its value")
+            << QStringList{"init", "--database"} << "database";
+        QTest::newRow("unknown option of print")
+            << QStringList{"print", "--database", "x.db", "--colour"} << "colour";
+        QTest::newRow("unknown option of the desktop program")
+            << QStringList{"--colour"} << "colour";
+        QTest::newRow("import without --yes")
+            << QStringList{"import", "--database", "x.db", "."} << "--yes";
+    }
+    void wrongArgumentsEndWithStatusTwo() {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, said);
+        testsupport::TestEnvironment env;
+        for (QString& argument : arguments) {
+            if (argument == QLatin1String("x.db"))
+                argument = env.path(argument);
+        }
+        const Run run = vor(arguments);
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY2(run.err.contains(said), qPrintable(run.err));
+        QVERIFY(!QFile::exists(env.path(QStringLiteral("x.db"))));
+    }
+
     void versionIsPrinted() {
         const Run run = vor({QStringLiteral("--version")});
         QCOMPARE(run.exitCode, 0);

@@ -4,6 +4,7 @@
 #include "rules/Formats.h"
 #include "shell/StartupChecks.h"
 #include "store/Database.h"
+#include "support/FileMode.h"
 #include "support/ImportFixture.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
@@ -76,6 +77,7 @@ private slots:
         app::reportIncoming(result, db);
         QCOMPARE(result.outcome, app::IncomingOutcome::MovedInto);
         QCOMPARE(readFile(db), QByteArray("nova versão"));
+        QCOMPARE(testsupport::fileMode(db), QStringLiteral("0600")); // it came as 0644
         QVERIFY(!QFile::exists(incoming));
         QVERIFY(dialogs.shown().isEmpty());
     }
@@ -94,6 +96,8 @@ private slots:
             store::Database fresh(incoming);
         }
         const QByteArray oldBytes = readFile(db);
+        QFile::setPermissions(incoming,
+                              QFile::permissions(incoming) | QFile::ReadGroup | QFile::ReadOther);
 
         const app::IncomingResult result = app::takeIncomingDatabase(db);
         app::reportIncoming(result, db);
@@ -104,6 +108,11 @@ private slots:
         QCOMPARE(QFileInfo(result.backupPath).absolutePath(),
                  QFileInfo(db).absolutePath() + QStringLiteral("/backups"));
         QCOMPARE(readFile(result.backupPath), oldBytes);
+        QCOMPARE(testsupport::fileMode(db), QStringLiteral("0600"));
+        QCOMPARE(testsupport::fileMode(result.backupPath), QStringLiteral("0600"));
+        QCOMPARE(testsupport::fileMode(QFileInfo(result.backupPath).absolutePath()),
+                 QStringLiteral("0700"));
+        QCOMPARE(testsupport::fileMode(QFileInfo(incoming).absolutePath()), QStringLiteral("0700"));
         QCOMPARE(dialogs.shown().size(), 1);
         QVERIFY(dialogs.last().text.contains(result.backupPath));
 
@@ -152,6 +161,8 @@ private slots:
         }
         writeFile(incoming, QByteArray(4096, 'x'));
         const QByteArray oldBytes = readFile(db);
+        QFile::setPermissions(incoming,
+                              QFile::permissions(incoming) | QFile::ReadGroup | QFile::ReadOther);
 
         const app::IncomingResult result = app::takeIncomingDatabase(db);
         app::reportIncoming(result, db);

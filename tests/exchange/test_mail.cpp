@@ -2,7 +2,10 @@
 #include "exchange/ExportFailure.h"
 #include "exchange/Exporter.h"
 #include "exchange/Mail.h"
+#include "exchange/MailPassword.h"
 #include "store/Database.h"
+#include "support/FakeKeyring.h"
+#include "support/FileMode.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
 #include "ui/ExportRun.h"
@@ -13,9 +16,12 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QSettings>
+#include <QSpinBox>
+#include <QSysInfo>
 #include <QTest>
 
 using namespace exchange;
@@ -37,29 +43,38 @@ int freePort() {
         .toInt();
 }
 
-// aiosmtpd, storing every message it receives in a maildir; stopped with the object.
+// The login that the encrypted test server accepts, and its certificate.
+struct TlsLogin {
+    QString certificate;
+    QString key;
+    QString user;
+    QString password;
+};
+
+// aiosmtpd (tests/exchange/smtp_server.py) on `host`, storing every message it receives in a
+// maildir; with a TlsLogin it offers STARTTLS and wants that login. Stopped with the object.
 class SmtpServer {
 public:
-    explicit SmtpServer(const QString& maildir)
+    explicit SmtpServer(const QString& maildir, const std::optional<TlsLogin>& tls = std::nullopt,
+                        const QString& host = QStringLiteral("127.0.0.1"))
         : m_maildir(maildir)
         , m_port(freePort()) {
-        m_process.start(kPython, {QStringLiteral("-m"), QStringLiteral("aiosmtpd"),
-                                  QStringLiteral("-n"), QStringLiteral("-l"),
-                                  QStringLiteral("127.0.0.1:%1").arg(m_port), QStringLiteral("-c"),
-                                  QStringLiteral("aiosmtpd.handlers.Mailbox"), maildir});
-        m_process.waitForStarted();
-        // Ready once it accepts a connection.
-        runPython(QStringLiteral("import socket,sys,time\n"
-                                 "for i in range(200):\n"
-                                 "  try:\n"
-                                 "    socket.create_connection(('127.0.0.1',int(sys.argv[1])),1)"
-                                 ".close(); break\n"
-                                 "  except OSError: time.sleep(0.05)\n"),
-                  {QString::number(m_port)});
+        QStringList arguments{qEnvironmentVariable("VOR_SOURCE_DIR") +
+                                  QStringLiteral("/tests/exchange/smtp_server.py"),
+                              host, QString::number(m_port), maildir};
+        if (tls)
+            arguments << tls->certificate << tls->key << tls->user << tls->password;
+        m_process.start(kPython, arguments);
+        // Ready once it says so.
+        while (m_process.waitForReadyRead(10000) && !m_process.readLine().startsWith("ready")) {
+        }
     }
     ~SmtpServer() {
-        m_process.kill();
-        m_process.waitForFinished();
+        m_process.closeWriteChannel();
+        if (!m_process.waitForFinished(5000)) {
+            m_process.kill();
+            m_process.waitForFinished();
+        }
     }
     int port() const { return m_port; }
     bool running() const { return m_process.state() == QProcess::Running; }
@@ -91,10 +106,61 @@ private:
     QProcess m_process;
 };
 
+const QString kPassword = QStringLiteral("s3nh@-Zantor-2024");
+
+// A certificate authority made for the test, and a certificate for 127.0.0.1 signed by it.
+struct Certificates {
+    bool made = false;
+    QString authority;
+    QString certificate;
+    QString key;
+    TlsLogin login() const { return {certificate, key, QStringLiteral("posto"), kPassword}; }
+};
+
+Certificates makeCertificates(const QString& dir) {
+    QDir().mkpath(dir);
+    const auto openssl = [&](const QStringList& arguments) {
+        QProcess p;
+        p.setWorkingDirectory(dir);
+        p.start(QStringLiteral("openssl"), arguments);
+        return p.waitForFinished(30000) && p.exitStatus() == QProcess::NormalExit &&
+               p.exitCode() == 0;
+    };
+    const QStringList newKey{
+        QStringLiteral("-newkey"), QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
+        QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-nodes")};
+    QFile names(dir + QStringLiteral("/names.cnf"));
+    Certificates c;
+    c.made = names.open(QIODevice::WriteOnly) &&
+             names.write("subjectAltName=IP:127.0.0.1,DNS:localhost\n") > 0;
+    names.close();
+    c.made = c.made &&
+             openssl(QStringList{QStringLiteral("req"), QStringLiteral("-x509")} + newKey +
+                     QStringList{QStringLiteral("-keyout"), QStringLiteral("ac.key"),
+                                 QStringLiteral("-out"), QStringLiteral("ac.pem"),
+                                 QStringLiteral("-days"), QStringLiteral("2"),
+                                 QStringLiteral("-subj"), QStringLiteral("/CN=AC de teste")}) &&
+             openssl(QStringList{QStringLiteral("req")} + newKey +
+                     QStringList{QStringLiteral("-keyout"), QStringLiteral("server.key"),
+                                 QStringLiteral("-out"), QStringLiteral("server.csr"),
+                                 QStringLiteral("-subj"), QStringLiteral("/CN=127.0.0.1")}) &&
+             openssl({QStringLiteral("x509"), QStringLiteral("-req"), QStringLiteral("-in"),
+                      QStringLiteral("server.csr"), QStringLiteral("-CA"), QStringLiteral("ac.pem"),
+                      QStringLiteral("-CAkey"), QStringLiteral("ac.key"),
+                      QStringLiteral("-CAcreateserial"), QStringLiteral("-days"),
+                      QStringLiteral("2"), QStringLiteral("-extfile"), QStringLiteral("names.cnf"),
+                      QStringLiteral("-out"), QStringLiteral("server.pem")});
+    c.authority = dir + QStringLiteral("/ac.pem");
+    c.certificate = dir + QStringLiteral("/server.pem");
+    c.key = dir + QStringLiteral("/server.key");
+    return c;
+}
+
 MailSettings settingsFor(int port) {
     MailSettings s;
     s.host = QStringLiteral("127.0.0.1");
     s.port = port;
+    s.security = MailSettings::Security::None;
     s.recipient = QStringLiteral("cadastro@zantor.example");
     s.sender = QStringLiteral("posto@exemplo.com.br");
     return s;
@@ -103,6 +169,15 @@ MailSettings settingsFor(int port) {
 QByteArray readAll(const QString& path) {
     QFile f(path);
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// A message with a small attachment in the scratch folder.
+MailMessage sampleMessage(const testsupport::TestEnvironment& env) {
+    const QString path = env.path(QStringLiteral("REUNIDO_00045678000195.TXT"));
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write("EMPRS\r\n");
+    return {QStringLiteral("VOR-Postos "), QStringLiteral("Em anexo."), path};
 }
 
 QVariant csitu(store::Database& db) {
@@ -346,13 +421,22 @@ private slots:
         MailSettings s = settingsFor(2525);
         s.security = MailSettings::Security::StartTls;
         s.user = QStringLiteral("posto");
-        s.password = QStringLiteral("s3nh@");
+        s.password = kPassword;
+        s.authorities = QStringLiteral("/etc/zantor/ac.pem");
+        const QString file = env.path(QStringLiteral("vor.ini"));
         {
-            QSettings ini(env.path(QStringLiteral("vor.ini")), QSettings::IniFormat);
+            QSettings ini(file, QSettings::IniFormat);
+            ini.setValue(kPlainPasswordSetting, kPassword); // left by an earlier version
             s.save(ini);
         }
-        QSettings ini(env.path(QStringLiteral("vor.ini")), QSettings::IniFormat);
-        ui::MailSettingsDialog dialog(MailSettings::load(ini));
+        QVERIFY(!readAll(file).contains(kPassword.toUtf8()));
+        QCOMPARE(testsupport::fileMode(file), QStringLiteral("0600"));
+        QSettings ini(file, QSettings::IniFormat);
+        MailSettings loaded = MailSettings::load(ini);
+        QCOMPARE(loaded.password, QString());
+        loaded.password = kPassword; // as the keyring gives it
+        ui::MailSettingsDialog dialog(loaded, true);
+        QVERIFY(dialog.findChild<QLabel*>(QStringLiteral("lblSemChaveiro"))->isHidden());
         dialog.findChild<QLineEdit*>(QStringLiteral("txtServidor"))
             ->setText(QStringLiteral(" smtp.exemplo.com.br "));
         const MailSettings edited = dialog.settings();
@@ -363,12 +447,257 @@ private slots:
         QCOMPARE(edited.user, s.user);
         QCOMPARE(edited.password, s.password);
         QCOMPARE(edited.sender, s.sender);
+        QCOMPARE(edited.authorities, s.authorities); // not on the screen, kept all the same
         QVERIFY(edited.isComplete());
         dialog.findChild<QLineEdit*>(QStringLiteral("txtServidor"))->setText(QStringLiteral(" "));
         QVERIFY(!dialog.settings().isComplete()); // the first send asks for the server
-        if (qEnvironmentVariableIsSet("VOR_SCREENSHOTS"))
-            dialog.grab().save(qEnvironmentVariable("VOR_SCREENSHOTS") +
-                               QStringLiteral("/mail.png"));
+    }
+
+    // A new machine starts with STARTTLS on 587; the port follows the security chosen while it
+    // is the usual one, and a port the user typed stays.
+    void newSettingsStartEncrypted() {
+        testsupport::TestEnvironment env;
+        testsupport::FakeKeyring keyring(false);
+        ui::MailSettingsDialog dialog(MailSettings::load(), false);
+        auto* security = dialog.findChild<QComboBox*>(QStringLiteral("cmbSeguranca"));
+        auto* port = dialog.findChild<QSpinBox*>(QStringLiteral("txtPorta"));
+        QCOMPARE(security->currentText(), QStringLiteral("STARTTLS"));
+        QCOMPARE(port->value(), 587);
+        security->setCurrentIndex(security->findText(QStringLiteral("SSL/TLS")));
+        QCOMPARE(port->value(), 465);
+        security->setCurrentIndex(security->findText(QStringLiteral("Nenhuma")));
+        QCOMPARE(port->value(), 25);
+        port->setValue(2525);
+        security->setCurrentIndex(security->findText(QStringLiteral("STARTTLS")));
+        QCOMPARE(port->value(), 2525);
+        // Without a keyring the dialog says where the password goes.
+        QVERIFY(!dialog.findChild<QLabel*>(QStringLiteral("lblSemChaveiro"))->isHidden());
+        dialog.findChild<QLineEdit*>(QStringLiteral("txtSenha"))->setText(kPassword);
+        QCOMPARE(dialog.store(), PasswordPlace::Session);
+        QCOMPARE(knownMailPassword().password, kPassword);
+        QVERIFY(!readAll(QSettings().fileName()).contains(kPassword.toUtf8()));
+        dialog.show();
+        testsupport::saveScreenshot(dialog, QStringLiteral("mail"));
+    }
+
+    void plainLoginOnlyToThisMachine_data() {
+        QTest::addColumn<QString>("host");
+        QTest::addColumn<int>("security");
+        QTest::addColumn<QString>("user");
+        QTest::addColumn<bool>("refused");
+        const int none = int(MailSettings::Security::None);
+        QTest::newRow("localhost") << "localhost" << none << "posto" << false;
+        QTest::newRow("127.0.0.1") << "127.0.0.1" << none << "posto" << false;
+        QTest::newRow("127.0.1.1") << "127.0.1.1" << none << "posto" << false;
+        QTest::newRow("::1") << "::1" << none << "posto" << false;
+        QTest::newRow("v4 mapped loopback") << "::ffff:127.0.0.1" << none << "posto" << false;
+        QTest::newRow("a server") << "smtp.exemplo.com.br" << none << "posto" << true;
+        QTest::newRow("an address") << "10.0.0.5" << none << "posto" << true;
+        QTest::newRow("a name with localhost in it")
+            << "localhost.exemplo.com.br" << none << "posto" << true;
+        QTest::newRow("no login") << "smtp.exemplo.com.br" << none << "" << false;
+        QTest::newRow("STARTTLS") << "smtp.exemplo.com.br" << int(MailSettings::Security::StartTls)
+                                  << "posto" << false;
+        QTest::newRow("SSL/TLS") << "smtp.exemplo.com.br" << int(MailSettings::Security::Tls)
+                                 << "posto" << false;
+    }
+    void plainLoginOnlyToThisMachine() {
+        QFETCH(QString, host);
+        QFETCH(int, security);
+        QFETCH(QString, user);
+        QFETCH(bool, refused);
+        MailSettings s = settingsFor(25);
+        s.host = host;
+        s.security = MailSettings::Security(security);
+        s.user = user;
+        s.password = kPassword;
+        QCOMPARE(plainLoginRefusal(s).has_value(), refused);
+    }
+
+    // The machine's own name leads to a server here, but it is not a loopback address as
+    // written: the login is refused before a connection, and the same send without a login
+    // arrives, so nothing else stood in the way.
+    void aPlainLoginElsewhereIsRefusedBeforeConnecting() {
+        const QString name = QSysInfo::machineHostName();
+        const QString address = runPython(
+            QStringLiteral("import socket,sys\nprint(socket.gethostbyname(sys.argv[1]))"), {name});
+        if (address.isEmpty() || name.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0)
+            QSKIP("this machine's name does not lead to an address of its own");
+        testsupport::TestEnvironment env;
+        SmtpServer server(env.path(QStringLiteral("maildir")), std::nullopt, address);
+        QVERIFY(server.running());
+        const MailMessage message = sampleMessage(env);
+        MailSettings s = settingsFor(server.port());
+        s.host = name;
+        s.user = QStringLiteral("posto");
+        s.password = kPassword;
+        QCOMPARE(sendMail(s, message),
+                 QStringLiteral("a conexão com o servidor %1 não é criptografada, e o usuário e a "
+                                "senha não são enviados sem criptografia. Escolha STARTTLS ou "
+                                "SSL/TLS em \"Segurança\", na configuração do e-mail.")
+                     .arg(name));
+        QCOMPARE(server.messages().size(), 0);
+        s.user.clear();
+        s.password.clear();
+        QCOMPARE(sendMail(s, message), std::nullopt);
+        QCOMPARE(server.messages().size(), 1);
+    }
+
+    // The whole path of a password: typed in the dialog, kept in the keyring, never in the
+    // settings file, and used by the send over STARTTLS to a server that wants it.
+    void aLoginOverStartTlsKeepsThePasswordOutOfTheSettings() {
+        testsupport::TestEnvironment env;
+        testsupport::FakeKeyring keyring;
+        const Certificates certificates = makeCertificates(env.path(QStringLiteral("tls")));
+        QVERIFY(certificates.made);
+        SmtpServer server(env.path(QStringLiteral("maildir")), certificates.login());
+        QVERIFY(server.running());
+        {
+            MailSettings agencyAuthority;
+            agencyAuthority.authorities = certificates.authority;
+            agencyAuthority.save();
+        }
+
+        ui::MailSettingsDialog dialog(MailSettings::load(), knownMailPassword().keyringAvailable);
+        const auto field = [&](const char* name) {
+            return dialog.findChild<QLineEdit*>(QLatin1String(name));
+        };
+        field("txtDestinatario")->setText(QStringLiteral("cadastro@zantor.example"));
+        field("txtServidor")->setText(QStringLiteral("127.0.0.1"));
+        dialog.findChild<QSpinBox*>(QStringLiteral("txtPorta"))->setValue(server.port());
+        field("txtUsuario")->setText(QStringLiteral("posto"));
+        field("txtSenha")->setText(kPassword);
+        field("txtRemetente")->setText(QStringLiteral("posto@exemplo.com.br"));
+        QCOMPARE(dialog.store(), PasswordPlace::Keyring);
+        QCOMPARE(keyring.entries().value(kMailPasswordKey), kPassword);
+        const QString file = QSettings().fileName();
+        QVERIFY(readAll(file).contains("starttls"));
+        QVERIFY(!readAll(file).contains(kPassword.toUtf8()));
+        QCOMPARE(testsupport::fileMode(file), QStringLiteral("0600"));
+
+        store::Database db(env.newDatabasePath());
+        addRegister(db, 1);
+        const QString dir = env.path(QStringLiteral("out"));
+        QDir().mkpath(dir);
+        testsupport::ScriptedDialogs dialogs;
+        dialogs.answer(true);
+        const ui::ExportRunOutcome outcome = ui::runExportWithQuestions(db, {100, 3}, dir);
+        QVERIFY2(outcome.mailed, qPrintable(dialogs.texts().join(QLatin1Char('\n'))));
+        QCOMPARE(dialogs.shown().size(), 1); // the question only: the keyring knew the password
+        QCOMPARE(server.messages().size(), 1);
+        QCOMPARE(csitu(db).toInt(), 3);
+        QVERIFY(!readAll(file).contains(kPassword.toUtf8()));
+    }
+
+    void certificateAndLoginFailuresNameTheServer_data() {
+        QTest::addColumn<bool>("authority");
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("unknown authority")
+            << false << kPassword
+            << "o certificado do servidor 127.0.0.1 não pôde ser verificado: ele não é desse "
+               "servidor, venceu ou não foi emitido por uma autoridade reconhecida. Nada foi "
+               "enviado.";
+        QTest::newRow("wrong password") << true << "outra"
+                                        << "o servidor 127.0.0.1 recusou o usuário ou a senha.";
+        QTest::newRow("all right") << true << kPassword << "";
+    }
+    void certificateAndLoginFailuresNameTheServer() {
+        QFETCH(bool, authority);
+        QFETCH(QString, password);
+        QFETCH(QString, message);
+        testsupport::TestEnvironment env;
+        const Certificates certificates = makeCertificates(env.path(QStringLiteral("tls")));
+        QVERIFY(certificates.made);
+        SmtpServer server(env.path(QStringLiteral("maildir")), certificates.login());
+        QVERIFY(server.running());
+        MailSettings s = settingsFor(server.port());
+        s.security = MailSettings::Security::StartTls;
+        s.user = QStringLiteral("posto");
+        s.password = password;
+        if (authority)
+            s.authorities = certificates.authority;
+        const std::optional<QString> error = sendMail(s, sampleMessage(env));
+        QCOMPARE(error.value_or(QString()).left(message.size()), message);
+        QCOMPARE(server.messages().size(), message.isEmpty() ? 1 : 0);
+    }
+
+    // Without a keyring the send asks for the password, once a session; a cancel sends nothing.
+    void withoutAKeyringThePasswordIsAskedOnceASession() {
+        testsupport::TestEnvironment env;
+        testsupport::FakeKeyring keyring(false);
+        const Certificates certificates = makeCertificates(env.path(QStringLiteral("tls")));
+        QVERIFY(certificates.made);
+        SmtpServer server(env.path(QStringLiteral("maildir")), certificates.login());
+        MailSettings s = settingsFor(server.port());
+        s.security = MailSettings::Security::StartTls;
+        s.user = QStringLiteral("posto");
+        s.authorities = certificates.authority;
+        s.save();
+        store::Database db(env.newDatabasePath());
+        addRegister(db, 1);
+        const QString dir = env.path(QStringLiteral("out"));
+        QDir().mkpath(dir);
+        const QString prompt = QStringLiteral("Senha do usuário posto no servidor 127.0.0.1:");
+        {
+            testsupport::ScriptedDialogs dialogs;
+            dialogs.answer(true);
+            dialogs.type(std::nullopt);
+            const ui::ExportRunOutcome outcome = ui::runExportWithQuestions(db, {100, 3}, dir);
+            QVERIFY(outcome.exported && !outcome.mailed);
+            QCOMPARE(dialogs.shown().size(), 2);
+            QCOMPARE(dialogs.last().kind, testsupport::ScriptedDialogs::Shown::Kind::Input);
+            QCOMPARE(dialogs.last().text, prompt);
+            QCOMPARE(csitu(db).toInt(), 2);
+        }
+        {
+            testsupport::ScriptedDialogs dialogs;
+            dialogs.answer(true);
+            dialogs.type(kPassword);
+            QVERIFY(ui::runExportWithQuestions(db, {100, 3}, dir).mailed);
+            QCOMPARE(dialogs.last().text, prompt);
+        }
+        {
+            testsupport::ScriptedDialogs dialogs;
+            dialogs.answer(true);
+            QVERIFY(ui::runExportWithQuestions(db, {100, 3}, dir).mailed);
+            QCOMPARE(dialogs.shown().size(), 1);
+        }
+        QCOMPARE(server.messages().size(), 2);
+        QVERIFY(!readAll(QSettings().fileName()).contains(kPassword.toUtf8()));
+    }
+
+    // Earlier versions wrote the password into the settings file: the first start takes it out,
+    // into the keyring, or without one into the session's memory.
+    void thePlainPasswordOfEarlierVersionsLeavesTheFile_data() {
+        QTest::addColumn<bool>("keyringAvailable");
+        QTest::addColumn<int>("outcome");
+        QTest::newRow("keyring") << true << int(PlainPassword::MovedToKeyring);
+        QTest::newRow("no keyring") << false << int(PlainPassword::KeptForSession);
+    }
+    void thePlainPasswordOfEarlierVersionsLeavesTheFile() {
+        QFETCH(bool, keyringAvailable);
+        QFETCH(int, outcome);
+        testsupport::TestEnvironment env;
+        testsupport::FakeKeyring keyring(keyringAvailable);
+        {
+            QSettings settings;
+            settings.setValue(QStringLiteral("mail/host"), QStringLiteral("smtp.exemplo.com.br"));
+            settings.setValue(QStringLiteral("mail/user"), QStringLiteral("posto"));
+            settings.setValue(kPlainPasswordSetting, kPassword);
+        }
+        const QString file = QSettings().fileName();
+        QVERIFY(readAll(file).contains(kPassword.toUtf8()));
+        {
+            QSettings settings;
+            QCOMPARE(int(movePlainPassword(settings)), outcome);
+        }
+        QVERIFY(!readAll(file).contains(kPassword.toUtf8()));
+        QCOMPARE(MailSettings::load().host, QStringLiteral("smtp.exemplo.com.br"));
+        QCOMPARE(knownMailPassword().password, kPassword);
+        QCOMPARE(keyring.entries().value(kMailPasswordKey), keyringAvailable ? kPassword : "");
+        QSettings settings;
+        QCOMPARE(movePlainPassword(settings), PlainPassword::None); // the next start
     }
 
     void confirmationOfTheList() {

@@ -126,6 +126,20 @@ private slots:
         QCOMPARE(t.calls.last(), QStringLiteral("manual"));
     }
 
+    void aManualThatCannotBeWrittenIsReported() {
+        WindowUnderTest t;
+        const QString blocker = t.env.path(QStringLiteral("cache-is-a-file"));
+        QFile file(blocker);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.close();
+        qputenv("XDG_CACHE_HOME", blocker.toUtf8());
+        QTest::keyClick(&t.window, Qt::Key_F1);
+        QVERIFY(t.calls.isEmpty());
+        QCOMPARE(t.dialogs.texts(),
+                 QStringList{QStringLiteral("Não foi possível abrir o Manual de Preenchimento.")});
+        QCOMPARE(t.dialogs.last().icon, ui::Icon::Warning);
+    }
+
     void entriesOpenTheirPanelsOrSayThereIsNoRegister() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());

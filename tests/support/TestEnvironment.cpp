@@ -7,6 +7,8 @@ namespace testsupport {
 TestEnvironment::TestEnvironment() {
     qputenv("XDG_DATA_HOME", m_dir.filePath(QStringLiteral("data")).toUtf8());
     qunsetenv("VOR_DATABASE");
+    // The copy of the manual that F1 writes for the viewer, too.
+    qputenv("XDG_CACHE_HOME", m_dir.filePath(QStringLiteral("cache")).toUtf8());
     // The program's settings (the last export folder, the mail server) stay in the scratch
     // folder too, never in the settings of whoever runs the tests.
     const QString config = m_dir.filePath(QStringLiteral("config"));
@@ -16,21 +18,6 @@ TestEnvironment::TestEnvironment() {
 
 QString TestEnvironment::newDatabasePath(const QString& name) const {
     return path(name);
-}
-
-} // namespace testsupport
-
-#include <QDir>
-#include <QWidget>
-
-namespace testsupport {
-
-void saveScreenshot(QWidget& widget, const QString& name) {
-    const QString folder = qEnvironmentVariable("VOR_SCREENSHOTS");
-    if (folder.isEmpty())
-        return;
-    QDir().mkpath(folder);
-    widget.grab().save(QDir(folder).filePath(name + QStringLiteral(".png")));
 }
 
 } // namespace testsupport

@@ -5,8 +5,8 @@
 
 namespace testsupport {
 
-// A scratch folder for one test, with XDG_DATA_HOME pointing into it and VOR_DATABASE unset,
-// so that nothing reaches the user's own files.
+// A scratch folder for one test, with XDG_DATA_HOME and XDG_CACHE_HOME pointing into it and
+// VOR_DATABASE unset, so that nothing reaches the user's own files.
 class TestEnvironment {
 public:
     TestEnvironment();

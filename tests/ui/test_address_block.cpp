@@ -1,5 +1,6 @@
 #include "rules/Address.h"
 #include "store/Database.h"
+#include "store/ReferenceQueries.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
 #include "ui/AddressBlock.h"
@@ -110,7 +111,7 @@ private slots:
         QFETCH(int, municipality);
         QFETCH(bool, valid);
         QFETCH(int, regional);
-        const rules::CepCheck check = ui::consscep(*m_db, cep, municipality);
+        const rules::CepCheck check = store::consscep(*m_db, cep, municipality);
         QCOMPARE(check.valid(), valid);
         QCOMPARE(check.message, valid ? QString() : QStringLiteral("Cep Inválido"));
         QCOMPARE(check.regional, regional);

@@ -1,18 +1,17 @@
-#include "fuel/OwnerPanel.h"
+#include "ui/OwnerPanel.h"
 
-#include "fuel/FieldSupport.h"
 #include "rules/NumberPattern.h"
 #include "store/Database.h"
 #include "ui/Dialogs.h"
 #include "ui/FieldBehaviour.h"
+#include "ui/FieldSupport.h"
 #include "ui/Session.h"
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QSqlQuery>
 #include <QVBoxLayout>
 
-namespace fuel {
+namespace ui {
 
 namespace {
 
@@ -29,71 +28,64 @@ bool tooShortPhone(const QString& digits) {
     return !digits.isEmpty() && digits.toLongLong() <= 999999;
 }
 
-ui::AddressPanelOptions panelOptions(const OwnerPanel::Texts& texts) {
-    ui::AddressPanelOptions options;
+AddressPanelOptions panelOptions(const OwnerPanel::Texts& texts) {
+    AddressPanelOptions options;
     options.texts.cepIncorrect = texts.cepWrongOnLeave;
     return options;
 }
 
 } // namespace
 
-OwnerPanel::OwnerPanel(store::Database& db, QString table, QString keyColumn, Texts texts,
-                       QWidget* parent)
+OwnerPanel::OwnerPanel(store::Database& db, std::string_view table, Texts texts, QWidget* parent)
     : QGroupBox(QStringLiteral("Proprietário"), parent)
-    , m_table(std::move(table))
-    , m_keyColumn(std::move(keyColumn))
+    , m_table(table)
     , m_texts(std::move(texts)) {
     setObjectName(QStringLiteral("fraProp"));
-    m_address = new ui::AddressPanel(db, panelOptions(m_texts), this);
+    m_address = new AddressPanel(db, panelOptions(m_texts), this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(m_address);
 }
 
-void OwnerPanel::load(store::Database& db, const ui::Session& session, const QString& itanqu,
-                      const QVariant& key) {
-    QSqlQuery row = db.run(
-        QStringLiteral("Select DRAZAOSOCIL, DCONTT, DLOGRD, NLOGRD, DLOGRDCOMPM, DBAIRR, CCEP,"
-                       " NMUNCPDISTRFORNC, NDDD, NTELFN, NFAX, DEMAIL, DMUNCPDISTRFORNC From ") +
-            m_table + QStringLiteral(" Where NMUNCP = ? And NSEQNC = ? And ITANQU = ? And ") +
-            m_keyColumn + QStringLiteral(" = ?"),
-        {session.nmuncp, session.nseqnc, itanqu, key});
-    if (!row.next()) {
-        ui::dialogs().message(QStringLiteral("VOR-Posto"),
-                              QStringLiteral("Cadastrar dados do proprietário"),
-                              ui::Icon::Critical);
+void OwnerPanel::load(store::Database& db, const store::Row& key) {
+    const std::optional<store::Row> row = store::readRow(db, m_table, key);
+    if (!row) {
+        dialogs().message(QStringLiteral("VOR-Posto"),
+                          QStringLiteral("Cadastrar dados do proprietário"), Icon::Critical);
         return;
     }
-    ui::AddressValues v;
-    v.company = row.value(0).toString();
-    v.contact = row.value(1).toString();
-    v.street = row.value(2).toString();
-    v.number = row.value(3).toString();
-    v.complement = row.value(4).toString();
-    v.district = row.value(5).toString();
-    v.cep = rules::formatDigits(row.value(6), QStringLiteral("00000000"));
-    if (!row.value(7).isNull()) {
-        v.municipality = row.value(7).toInt();
-    } else if (const QString name = row.value(12).toString().trimmed(); !name.isEmpty()) {
+    const auto text = [&](const char* column) {
+        return row->value(QLatin1String(column)).toString();
+    };
+    AddressValues v;
+    v.company = text("DRAZAOSOCIL");
+    v.contact = text("DCONTT");
+    v.street = text("DLOGRD");
+    v.number = text("NLOGRD");
+    v.complement = text("DLOGRDCOMPM");
+    v.district = text("DBAIRR");
+    v.cep = rules::formatDigits(row->value(QStringLiteral("CCEP")), QStringLiteral("00000000"));
+    if (const QVariant number = row->value(QStringLiteral("NMUNCPDISTRFORNC")); !number.isNull()) {
+        v.municipality = number.toInt();
+    } else if (const QString name = text("DMUNCPDISTRFORNC").trimmed(); !name.isEmpty()) {
         // A row that holds the municipality by its name alone (as an older file may bring it)
         // shows that name, as the entry of the list that bears it.
-        const QVariant number = db.scalar(
+        const QVariant found = db.scalar(
             QStringLiteral("Select NMUNCP From MUNCP Where DMUNCP = ? Order By NMUNCP Desc"),
             {name});
-        if (!number.isNull())
-            v.municipality = number.toInt();
+        if (!found.isNull())
+            v.municipality = found.toInt();
     }
-    v.ddd = row.value(8).toString();
-    v.telephone = row.value(9).toString();
-    v.fax = row.value(10).toString();
-    v.email = row.value(11).toString();
+    v.ddd = text("NDDD");
+    v.telephone = text("NTELFN");
+    v.fax = text("NFAX");
+    v.email = text("DEMAIL");
     m_address->setValues(v);
 }
 
-ui::Check OwnerPanel::validate() const {
-    using ui::Refusal;
-    const ui::AddressFields& f = m_address->fields();
-    const ui::AddressValues v = m_address->values();
+Check OwnerPanel::validate() const {
+    const AddressFields& f = m_address->fields();
+    const AddressValues v = m_address->values();
     if (m_address->company()->text().isEmpty())
         return Refusal{m_address->company(),
                        QStringLiteral("Preenchimento Obrigatório da Razão Social")};
@@ -122,20 +114,29 @@ ui::Check OwnerPanel::validate() const {
     return {};
 }
 
-void OwnerPanel::write(store::Database& db, const ui::Session& session, const QString& itanqu,
-                       const QVariant& key) const {
-    const ui::AddressValues v = m_address->values();
-    db.run(QStringLiteral("Insert Into ") + m_table +
-               QStringLiteral(" (NMUNCP, NSEQNC, AINFRM, ITANQU, ") + m_keyColumn +
-               QStringLiteral(", DRAZAOSOCIL, DCONTT, DLOGRD, NLOGRD, DLOGRDCOMPM, DBAIRR, CCEP,"
-                              " NMUNCPDISTRFORNC, DMUNCPDISTRFORNC, NDDD, NTELFN, NFAX, DEMAIL)"
-                              " Values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-           {session.nmuncp, session.nseqnc, session.ainfrm.toString(Qt::ISODate), itanqu, key,
-            v.company, v.contact, v.street, orNull(v.number), orNull(v.complement),
-            orNull(v.district), numberOrNull(v.cep),
-            v.municipality ? QVariant(*v.municipality) : QVariant(),
-            orNull(m_address->fields().municipality->currentText()), numberOrNull(v.ddd),
-            numberOrNull(v.telephone), numberOrNull(v.fax), orNull(v.email)});
+void OwnerPanel::write(store::Database& db, const store::Row& key) const {
+    const AddressValues v = m_address->values();
+    store::Row row = key;
+    row.insert(QStringLiteral("DRAZAOSOCIL"), v.company);
+    row.insert(QStringLiteral("DCONTT"), v.contact);
+    row.insert(QStringLiteral("DLOGRD"), v.street);
+    row.insert(QStringLiteral("NLOGRD"), orNull(v.number));
+    row.insert(QStringLiteral("DLOGRDCOMPM"), orNull(v.complement));
+    row.insert(QStringLiteral("DBAIRR"), orNull(v.district));
+    row.insert(QStringLiteral("CCEP"), numberOrNull(v.cep));
+    row.insert(QStringLiteral("NMUNCPDISTRFORNC"),
+               v.municipality ? QVariant(*v.municipality) : QVariant());
+    row.insert(QStringLiteral("DMUNCPDISTRFORNC"),
+               orNull(m_address->fields().municipality->currentText()));
+    row.insert(QStringLiteral("NDDD"), numberOrNull(v.ddd));
+    row.insert(QStringLiteral("NTELFN"), numberOrNull(v.telephone));
+    row.insert(QStringLiteral("NFAX"), numberOrNull(v.fax));
+    row.insert(QStringLiteral("DEMAIL"), orNull(v.email));
+    store::insertRow(db, m_table, row);
+}
+
+void OwnerPanel::remove(store::Database& db, const store::Row& key) const {
+    store::deleteRows(db, m_table, key);
 }
 
 void OwnerPanel::followOwnerChoice(const QComboBox* ipropr) {
@@ -148,7 +149,7 @@ void OwnerPanel::followOwnerChoice(const QComboBox* ipropr) {
 }
 
 QList<QWidget*> OwnerPanel::fields() const {
-    const ui::AddressFields& f = m_address->fields();
+    const AddressFields& f = m_address->fields();
     return {m_address->company(),
             m_address->contact(),
             f.street,
@@ -164,4 +165,4 @@ QList<QWidget*> OwnerPanel::fields() const {
             f.email};
 }
 
-} // namespace fuel
+} // namespace ui

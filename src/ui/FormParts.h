@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/RowWriter.h"
 #include "ui/Refusal.h"
 
 #include <QList>
@@ -16,8 +17,8 @@ namespace store {
 class Database;
 }
 
-// The building blocks of the fuel maintenance screens' forms.
-namespace fuel {
+// The building blocks of the screens' forms.
+namespace ui {
 
 QLineEdit* lineEdit(const QString& name, QWidget* parent);
 QComboBox* comboBox(const QString& name, QWidget* parent);
@@ -46,9 +47,13 @@ struct IntegrityReport {
     QWidget* next = nullptr;        // where the focus goes when the report has no date
 
     // The checks of leaving one of the three fields; the first refusal or nothing.
-    ui::Check leaveCheck(QWidget* field) const;
+    Check leaveCheck(QWidget* field) const;
     // A report made opens its date; any other condition empties the date and closes it.
     void conditionChosen() const;
+    // Shows the condition of a stored row (its date is loaded with the row): a report with a
+    // date was made, whatever its stored condition says; without a date it is "Não Realizado"
+    // only when stored so, and on a change its date stays closed.
+    void showStored(const store::Row& row, bool changing) const;
 };
 
-} // namespace fuel
+} // namespace ui

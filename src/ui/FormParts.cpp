@@ -1,7 +1,7 @@
-#include "fuel/FormParts.h"
+#include "ui/FormParts.h"
 
-#include "fuel/FieldSupport.h"
 #include "store/Database.h"
+#include "ui/FieldSupport.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -10,7 +10,7 @@
 #include <QLineEdit>
 #include <QSqlQuery>
 
-namespace fuel {
+namespace ui {
 
 QLineEdit* lineEdit(const QString& name, QWidget* parent) {
     auto* edit = new QLineEdit(parent);
@@ -60,8 +60,8 @@ QVariant dateValue(const QLineEdit* field) {
     return clipText(field).isEmpty() ? QVariant() : QVariant(dateOf(field).toString(Qt::ISODate));
 }
 
-ui::Check IntegrityReport::leaveCheck(QWidget* field) const {
-    using ui::Refusal;
+Check IntegrityReport::leaveCheck(QWidget* field) const {
+
     const QDate today = QDate::currentDate();
     if (field == installed) {
         if (clipText(installed).isEmpty())
@@ -105,4 +105,15 @@ void IntegrityReport::conditionChosen() const {
     date->setEnabled(false);
 }
 
-} // namespace fuel
+void IntegrityReport::showStored(const store::Row& row, bool changing) const {
+    if (!row.value(QStringLiteral("ATESTEESTNQ")).isNull()) {
+        chooseCode(condition, QStringLiteral("R"));
+        return;
+    }
+    const bool notMade = row.value(QStringLiteral("ITESTEESTNQ")).toString() == QLatin1String("NR");
+    chooseCode(condition, notMade ? QStringLiteral("NR") : QStringLiteral("ND"));
+    if (changing)
+        date->setEnabled(false);
+}
+
+} // namespace ui

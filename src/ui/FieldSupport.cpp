@@ -1,11 +1,11 @@
-#include "fuel/FieldSupport.h"
+#include "ui/FieldSupport.h"
 
 #include "rules/Formats.h"
 
 #include <QComboBox>
 #include <QLineEdit>
 
-namespace fuel {
+namespace ui {
 
 void digitsField(QLineEdit* field, int length) {
     ui::attachDigits(field);
@@ -65,4 +65,4 @@ QVariant chosenCode(const QComboBox* combo) {
     return combo->currentIndex() < 0 ? QVariant() : combo->currentData();
 }
 
-} // namespace fuel
+} // namespace ui

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/RowWriter.h"
 #include "ui/AddressPanel.h"
 #include "ui/Refusal.h"
 
@@ -13,13 +14,12 @@ namespace store {
 class Database;
 }
 namespace ui {
-struct Session;
-}
 
-namespace fuel {
+struct Session;
 
 // fraProp: the company that owns a piece of equipment when the owner kind is "Outros", written
-// to its own table (TB_POSTOTANQUPROPR by NTANQU, TB_POSTOBOMBAPROPR by NBOMBA).
+// to its own table (TB_POSTOTANQUPROPR, TB_POSTOBOMBAPROPR, the gas tables' owners), keyed as
+// the equipment is.
 class OwnerPanel : public QGroupBox {
     Q_OBJECT
 
@@ -30,17 +30,18 @@ public:
         QString cepWrongOnLeave = QStringLiteral("Preenchimento Incorreto do CEP.");
     };
 
-    OwnerPanel(store::Database& db, QString table, QString keyColumn, Texts texts,
-               QWidget* parent = nullptr);
+    // The panel over `table`, whose rows are keyed as the equipment they belong to.
+    OwnerPanel(store::Database& db, std::string_view table, Texts texts, QWidget* parent = nullptr);
 
-    // CarregarProp: fills the panel with the stored row, or says that there is none.
-    void load(store::Database& db, const ui::Session& session, const QString& itanqu,
-              const QVariant& key);
+    // CarregarProp: fills the panel with the row of the equipment's `key` (its key columns),
+    // or says that there is none.
+    void load(store::Database& db, const store::Row& key);
     // ConsistirProprietario.
-    ui::Check validate() const;
-    // GravarProprietario.
-    void write(store::Database& db, const ui::Session& session, const QString& itanqu,
-               const QVariant& key) const;
+    Check validate() const;
+    // GravarProprietario: the row of the equipment's `key` (its key columns and AINFRM).
+    void write(store::Database& db, const store::Row& key) const;
+    // Removes the owner of the equipment's `key`, if it has one.
+    void remove(store::Database& db, const store::Row& key) const;
     // The fields in screen order, for the snapshot.
     QList<QWidget*> fields() const;
     // The owner list of the equipment (cmbIPROPR) was chosen: only "Outros" is a third party
@@ -48,10 +49,9 @@ public:
     void followOwnerChoice(const QComboBox* ipropr);
 
 private:
-    QString m_table;
-    QString m_keyColumn;
+    std::string_view m_table;
     Texts m_texts;
-    ui::AddressPanel* m_address = nullptr;
+    AddressPanel* m_address = nullptr;
 };
 
-} // namespace fuel
+} // namespace ui

@@ -8,8 +8,8 @@
 class QComboBox;
 class QLineEdit;
 
-// Small helpers of the fuel screens' fields.
-namespace fuel {
+// Small helpers of the screens' fields.
+namespace ui {
 
 // A field that takes digits only, at most `length` of them.
 void digitsField(QLineEdit* field, int length);
@@ -18,7 +18,6 @@ void textField(QLineEdit* field, int length);
 // A date field with the mask "##/##/####".
 void dateField(QLineEdit* field);
 
-using ui::clipText;
 // Removes the text of a masked field, leaving its mask.
 void clearMasked(QLineEdit* field);
 // Puts a date into a date field; an invalid date leaves the field empty.
@@ -36,4 +35,4 @@ void chooseCode(QComboBox* combo, const QVariant& code);
 // The data of the chosen item, or an invalid QVariant when nothing is chosen.
 QVariant chosenCode(const QComboBox* combo);
 
-} // namespace fuel
+} // namespace ui
