@@ -102,13 +102,6 @@ Labels listed(std::string_view list) {
     return labels;
 }
 
-// The captions of a code list of the screens, where the memorial prints the same words.
-Labels listed(std::string_view list) {
-    Labels labels;
-    for (const store::Code& code : store::codeList(list))
-        labels.emplace_back(code.code.toString(), code.label);
-    return labels;
-}
 // The zone of the activity; a row that the characteristics screen has not completed yet ("N")
 // prints no zone.
 Labels zones() {
