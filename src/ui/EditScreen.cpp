@@ -79,7 +79,8 @@ void EditScreen::takeSnapshot() {
 }
 
 void EditScreen::verifyChange() {
-    if (!tracksChanges())
+    // Before the first snapshot the fields are still being filled on entry.
+    if (!tracksChanges() || !m_snapshotTaken)
         return;
     m_retratoAtual = composeSnapshot();
     changeShown(m_retratoAtual != m_retratoInicial);

@@ -5,6 +5,7 @@
 #include "shell/Hooks.h"
 #include "shell/MainWindow.h"
 #include "shell/QuestionnaireFrame.h"
+#include "store/Database.h"
 #include "support/ScriptedDialogs.h"
 #include "support/Seeds.h"
 #include "support/TestEnvironment.h"
