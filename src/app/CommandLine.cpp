@@ -251,10 +251,6 @@ int runDesktop(int argc, char* argv[]) {
     }
     QApplication application(argc, argv);
     identifyApplication();
-    if (!speakPortuguese())
-        err() << "vor: as traduções do Qt para o português não estão instaladas "
-                 "(qt6-translations-l10n); os diálogos do Qt aparecem em inglês."
-              << Qt::endl;
     // Found in the icon theme once installed; from the build folder the window has none.
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral(VOR_APP_ID)));
     QCommandLineParser parser;

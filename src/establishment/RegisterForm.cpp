@@ -9,7 +9,6 @@
 #include "ui/Dialogs.h"
 #include "ui/ErrorRoutine.h"
 #include "ui/FieldBehaviour.h"
-#include "ui/FormParts.h"
 #include "ui/Session.h"
 
 #include <QApplication>
@@ -250,19 +249,19 @@ void RegisterForm::build() {
     auto* coords = new QGroupBox(QStringLiteral("Coordenadas Geográficas"), this);
     coords->setObjectName(QStringLiteral("Frame16"));
     auto* coordsLayout = new QHBoxLayout(coords);
-    coordsLayout->addWidget(label(QStringLiteral("Latitude (grau/min/seg):"), latitude));
+    coordsLayout->addWidget(new QLabel(QStringLiteral("Latitude (grau/min/seg):"), coords));
     coordsLayout->addWidget(latitude);
     coordsLayout->addSpacing(24);
-    coordsLayout->addWidget(label(QStringLiteral("Longitude (grau/min/seg):"), longitude));
+    coordsLayout->addWidget(new QLabel(QStringLiteral("Longitude (grau/min/seg):"), coords));
     coordsLayout->addWidget(longitude);
     coordsLayout->addStretch();
 
     auto* dates = new QHBoxLayout;
     dates->setContentsMargins(12, 4, 12, 4);
-    dates->addWidget(label(QStringLiteral("Data de Início das Atividades no Local:"), inicio));
+    dates->addWidget(new QLabel(QStringLiteral("Data de Início das Atividades no Local:"), this));
     dates->addWidget(inicio);
     dates->addSpacing(24);
-    dates->addWidget(label(QStringLiteral("Data do Levantamento :"), levantamento));
+    dates->addWidget(new QLabel(QStringLiteral("Data do Levantamento :"), this));
     dates->addWidget(levantamento);
     dates->addStretch();
 
@@ -284,17 +283,13 @@ void RegisterForm::build() {
         buttonLayout->addWidget(b);
     }
 
-    auto* blocks = new QWidget(this);
-    auto* blocksLayout = new QVBoxLayout(blocks);
-    blocksLayout->setContentsMargins(0, 0, 0, 0);
-    blocksLayout->addWidget(kindFrame);
-    blocksLayout->addWidget(ident);
-    blocksLayout->addWidget(coords);
-    blocksLayout->addLayout(dates);
-    blocksLayout->addStretch();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 12, 16, 12);
-    layout->addWidget(ui::scrolling(blocks), 1);
+    layout->addWidget(kindFrame);
+    layout->addWidget(ident);
+    layout->addWidget(coords);
+    layout->addLayout(dates);
+    layout->addStretch();
     layout->addWidget(buttons);
 
     // Tab order: the order of entry.

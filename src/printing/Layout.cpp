@@ -125,18 +125,12 @@ Field f(const char* label, std::string_view column, Format format = {}) {
 // The company block of distributors and of the owners of equipment.
 std::vector<Field> companyBlock() {
     return {
-        f("Razão Social", "DRAZAOSOCIL"),
-        f("Nome para contato", "DCONTT"),
-        f("Endereço", "DLOGRD"),
-        f("Número", "NLOGRD"),
-        f("Complemento", "DLOGRDCOMPM"),
-        f("Bairro", "DBAIRR"),
-        f("CEP", "CCEP", cep()),
-        f("Município", "NMUNCPDISTRFORNC", municipality("DMUNCPDISTRFORNC")),
-        f("UF", "NMUNCPDISTRFORNC", of(Kind::State)),
-        f("Tel.", "NTELFN", phone("NDDD")),
-        f("Fax", "NFAX", phone({})),
-        f("Correio Eletrônico", "DEMAIL"),
+        f("Razão Social", "DRAZAOSOCIL"), f("Nome para contato", "DCONTT"),
+        f("Endereço", "DLOGRD"),          f("Número", "NLOGRD"),
+        f("Complemento", "DLOGRDCOMPM"),  f("Bairro", "DBAIRR"),
+        f("CEP", "CCEP", cep()),          f("Município", "NMUNCPDISTRFORNC", municipality()),
+        f("UF", "DMUNCPDISTRFORNC"),      f("Tel.", "NTELFN", phone("NDDD")),
+        f("Fax", "NFAX", phone({})),      f("Correio Eletrônico", "DEMAIL"),
     };
 }
 

@@ -27,8 +27,6 @@ struct Format {
         CpfCnpj,   // a CPF when it has 11 digits or fewer, else a CNPJ
         Phone,     // (0DD) 0000-0000, the area code from `extra`
         Mask,      // the digits laid into `mask`, '@' for each digit
-        State,     // the UF of a municipality number: the state served, or the other state's
-                   // abbreviation
     };
     Kind kind = Kind::Plain;
     int places = 2;

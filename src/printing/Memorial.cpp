@@ -230,12 +230,13 @@ int Memorial::print(QPagedPaintDevice& device) const {
                           QRectF(0, 0, width, kBandHeight - 2 * kMm));
             paintDocument(painter, *report.body, {0, kBandHeight},
                           QRectF(0, i * bodyHeight, width, bodyHeight));
-            // An official document: the footer carries the page line and nothing of the
-            // program's own making.
             const QString footer =
                 QStringLiteral("<hr/><table width=\"100%\" cellspacing=\"0\" cellpadding=\"0\" "
-                               "border=\"0\"><tr><td class=\"band\" align=\"right\">Página %1 "
-                               "de %2</td></tr></table>")
+                               "border=\"0\"><tr><td class=\"band\"><span style=\"font-size:7pt; "
+                               "color:#606060\">%1</span></td><td class=\"band\" "
+                               "align=\"right\">Página %2 de %3</td></tr></table>")
+                    .arg(escaped(QString::fromUtf8(report.part->entry->id.data(),
+                                                   qsizetype(report.part->entry->id.size()))))
                     .arg(page)
                     .arg(total);
             auto footerDoc = newDocument(footer, width);

@@ -1,6 +1,5 @@
 #include "printing/ReportHtml.h"
 
-#include "rules/Address.h"
 #include "rules/Formats.h"
 #include "store/Database.h"
 #include "store/TableCatalogue.h"
@@ -254,12 +253,6 @@ QString formatValue(store::Database& db, const Format& format, const QVariant& v
     }
     case Kind::Mask:
         return rules::maskDigits(format.mask, rules::digitsOf(value));
-    case Kind::State: {
-        const int number = value.toInt();
-        const QVariant abbreviation =
-            db.scalar(QStringLiteral("SELECT DRESMDMUNCP FROM MUNCP WHERE NMUNCP = ?"), {number});
-        return rules::ufDoMunicipio(number, abbreviation.toString());
-    }
     case Kind::YesNo:
     case Kind::Ticked:
         break;

@@ -89,8 +89,7 @@ QString trimSpaces(const QString& text);
 // (the way the screens read "the numeric value" of a field: "12ab" is 12, "" is 0).
 double val(const QString& text);
 
-// A one-line text field never holds the exchange file's separator "¬" nor a line break; a
-// pasted line break or tab becomes one blank.
+// A one-line text field never holds the exchange file's separator "¬" nor a line break.
 bool cabeNaLinha(QChar c);
 QString limpaLinha(const QString& text);
 

@@ -3,7 +3,6 @@
 #include "rules/NumberPattern.h"
 #include "store/Database.h"
 #include "ui/ErrorRoutine.h"
-#include "ui/GridColumns.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -42,7 +41,6 @@ AgenciesPanel::AgenciesPanel(store::Database& db, QWidget* parent)
     auto* label = new QLabel(QStringLiteral("Agências Ambientais da ZANTOR :"), this);
     label->setObjectName(QStringLiteral("Label4"));
     m_grid->setObjectName(QStringLiteral("fgr1"));
-    ui::keepColumnsFitted(m_grid);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_grid->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_grid->verticalHeader()->hide();
@@ -97,7 +95,7 @@ bool AgenciesPanel::open() {
                                                               "ORDER BY DRESMDREGNL"),
                                     {count + 1});
         append(others);
-        ui::fitColumns(m_grid);
+        m_grid->resizeColumnsToContents();
     });
     if (filled)
         show();

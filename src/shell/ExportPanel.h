@@ -22,8 +22,7 @@ namespace shell {
 // printed and saved as PDF beside the joined file.
 ui::ExportRunOutcome exportRegister(store::Database& db, const store::RegisterKey& key,
                                     const QString& directory,
-                                    const std::function<void(int, int)>& progress = {},
-                                    const std::function<void()>& written = {});
+                                    const std::function<void(int, int)>& progress = {});
 
 // The folder that the last export went to (the user's home folder the first time), and its keeper.
 QString lastExportDirectory();

@@ -38,13 +38,10 @@ Hooks firstHooks() {
         progress.setWindowTitle(ui::kTitle);
         progress.setWindowModality(Qt::WindowModal);
         progress.setMinimumDuration(0);
-        exportRegister(
-            frame.database(), key, *directory,
-            [&progress](int step, int steps) {
-                progress.setMaximum(steps);
-                progress.setValue(step);
-            },
-            [&progress] { progress.hide(); });
+        exportRegister(frame.database(), key, *directory, [&progress](int step, int steps) {
+            progress.setMaximum(steps);
+            progress.setValue(step);
+        });
     };
     h.printRegister = [](QuestionnaireFrame& frame, ui::Session&, const store::RegisterKey& key) {
         ui::printMemorial(frame.database(), key, ui::PrintDestination::Printer, &frame);

@@ -11,7 +11,6 @@
 #include <QDir>
 #include <QFileSystemModel>
 #include <QFormLayout>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -243,13 +242,9 @@ void ImportScreen::importNow() {
 void openImport(MainWindow& window) {
     ImportScreen screen(window.database(), &window);
     screen.move(window.pos() + QPoint(2160, 1680) / kTwipsPerPixel);
-    // The main screen hides meanwhile; no window closed in the import may end the program.
-    const bool quitOnClose = QGuiApplication::quitOnLastWindowClosed();
-    QGuiApplication::setQuitOnLastWindowClosed(false);
     window.hide();
     screen.exec();
     window.show();
-    QGuiApplication::setQuitOnLastWindowClosed(quitOnClose);
 }
 
 } // namespace shell

@@ -3,7 +3,6 @@
 #include "store/Database.h"
 #include "ui/Dialogs.h"
 #include "ui/ErrorRoutine.h"
-#include "ui/GridColumns.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -46,7 +45,6 @@ RegisterChooser::RegisterChooser(store::Database& db, QWidget* parent)
     setObjectName(QStringLiteral("Frame1"));
     m_hint->setObjectName(QStringLiteral("lblSelecioneVOR"));
     m_grid->setObjectName(QStringLiteral("fgrVOR"));
-    ui::keepColumnsFitted(m_grid);
     m_goOn->setObjectName(QStringLiteral("Command2"));
     auto* back = new QPushButton(QStringLiteral("Tela Principal"), this);
     back->setObjectName(QStringLiteral("Command4"));
@@ -114,7 +112,7 @@ bool RegisterChooser::open(Purpose purpose) {
             if (forExport)
                 m_grid->setItem(r, Status, cell(statusWordForExport(rows.value(3))));
         }
-        ui::fitColumns(m_grid);
+        m_grid->resizeColumnsToContents();
         m_goOn->setEnabled(false);
         // The hint speaks of the export; the suggestions' chooser goes without it.
         m_hint->setVisible(forExport);

@@ -275,12 +275,7 @@ void RegisterList::excluir() {
 void RegisterList::exportar() {
     if (const auto key = selectedKey()) {
         m_frame.session().origemSelecao = 1;
-        const int row = selectedRow();
         hooks().exportRegister(m_frame, m_frame.session(), *key);
-        // The export raised the register's status: the list shows the stored one.
-        fill(false);
-        enableButtons();
-        selectRow(row);
     }
 }
 

@@ -11,15 +11,6 @@ namespace {
 
 Dialogs* current = nullptr;
 
-// The window a box belongs to: the modal dialog up, else the active window. A box without one
-// would count as a window of its own, and closing it while the main screen is hidden would end
-// the program.
-QWidget* owner() {
-    if (QWidget* modal = QApplication::activeModalWidget())
-        return modal;
-    return QApplication::activeWindow();
-}
-
 QMessageBox::Icon toQt(Icon icon) {
     switch (icon) {
     case Icon::Information:
@@ -39,12 +30,13 @@ QMessageBox::Icon toQt(Icon icon) {
 } // namespace
 
 void MessageBoxDialogs::message(const QString& title, const QString& text, Icon icon) {
-    QMessageBox box(toQt(icon), title, text, QMessageBox::Ok, owner());
+    QMessageBox box(toQt(icon), title, text, QMessageBox::Ok, QApplication::activeWindow());
     box.exec();
 }
 
 bool MessageBoxDialogs::ask(const QString& title, const QString& text, Icon icon, bool defaultNo) {
-    QMessageBox box(toQt(icon), title, text, QMessageBox::Yes | QMessageBox::No, owner());
+    QMessageBox box(toQt(icon), title, text, QMessageBox::Yes | QMessageBox::No,
+                    QApplication::activeWindow());
     box.button(QMessageBox::Yes)->setText(QStringLiteral("Sim"));
     box.button(QMessageBox::No)->setText(QStringLiteral("Não"));
     box.setDefaultButton(defaultNo ? QMessageBox::No : QMessageBox::Yes);
@@ -54,8 +46,9 @@ bool MessageBoxDialogs::ask(const QString& title, const QString& text, Icon icon
 std::optional<QString> MessageBoxDialogs::input(const QString& title, const QString& prompt,
                                                 bool secret) {
     bool ok = false;
-    const QString text = QInputDialog::getText(
-        owner(), title, prompt, secret ? QLineEdit::Password : QLineEdit::Normal, QString(), &ok);
+    const QString text =
+        QInputDialog::getText(QApplication::activeWindow(), title, prompt,
+                              secret ? QLineEdit::Password : QLineEdit::Normal, QString(), &ok);
     if (!ok)
         return std::nullopt;
     return text;

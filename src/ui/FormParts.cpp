@@ -11,7 +11,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QSqlQuery>
 
 namespace ui {
@@ -157,15 +156,6 @@ void IntegrityReport::showStored(const store::Row& row, bool changing) const {
     chooseCode(condition, notMade ? QStringLiteral("NR") : QStringLiteral("ND"));
     if (changing)
         date->setEnabled(false);
-}
-
-QWidget* scrolling(QWidget* blocks) {
-    auto* area = new QScrollArea;
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(blocks);
-    return area;
 }
 
 } // namespace ui

@@ -44,10 +44,6 @@ void addField(QGridLayout* grid, int row, int column, const QString& label, QWid
 // The date of a date field as stored, or Null for an empty field.
 QVariant dateValue(const QLineEdit* field);
 
-// The blocks of a form in a frameless scrolling area that takes the room left by its buttons:
-// at 800x600 the blocks scroll and the buttons below them stay in sight.
-QWidget* scrolling(QWidget* blocks);
-
 // The installation date and the integrity report of a piece of equipment: the report's
 // condition (cmbitesteestnq) and its date, which only a report made has.
 struct IntegrityReport {

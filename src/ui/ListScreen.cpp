@@ -5,7 +5,6 @@
 #include "store/Database.h"
 #include "ui/BusyCursor.h"
 #include "ui/ErrorRoutine.h"
-#include "ui/GridColumns.h"
 #include "ui/HeaderBand.h"
 #include "ui/MaintenanceScreen.h"
 #include "ui/Session.h"
@@ -89,12 +88,14 @@ ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* par
         for (int c = 0; c < int(lvl.columns.size()); ++c) {
             grid->setHorizontalHeaderItem(
                 c, new QTableWidgetItem(lvl.columns[std::size_t(c)].heading));
-            // A column of width 0 carries a key that the rows are known by and is not shown.
+            // No heading is cut: a column is at least as wide as its heading. A column of width
+            // 0 carries a key that the rows are known by and is not shown.
             if (lvl.columns[std::size_t(c)].width == 0)
                 grid->setColumnHidden(c, true);
+            else
+                grid->setColumnWidth(c, std::max(lvl.columns[std::size_t(c)].width,
+                                                 grid->horizontalHeader()->sectionSizeHint(c)));
         }
-        grid->setAccessibleName(lvl.frameTitle);
-        keepColumnsFitted(grid);
         frameLayout->addWidget(grid);
         layout->addWidget(frame, 1);
         m_grids.push_back(grid);

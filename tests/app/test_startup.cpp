@@ -1,4 +1,3 @@
-#include "app/Identity.h"
 #include "app/Paths.h"
 #include "app/Startup.h"
 #include "rules/Formats.h"
@@ -10,7 +9,6 @@
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
 
-#include <QAbstractButton>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -19,7 +17,6 @@
 #include <QMenu>
 #include <QSqlQuery>
 #include <QTest>
-#include <memory>
 
 namespace {
 
@@ -253,34 +250,6 @@ private slots:
         QCOMPARE(dialogs.last().text,
                  QStringLiteral("Altere no Windows, o tamanho da tela para 800x600 (Fontes "
                                 "Pequenas)!"));
-    }
-
-    // Qt's own dialogs in Portuguese: the buttons of the access code box, the context menu of
-    // a text field, the folder chooser; numbers and dates for Brazil.
-    void qtSpeaksPortuguese() {
-        QVERIFY(app::speakPortuguese());
-        QCOMPARE(QLocale().name(), QStringLiteral("pt_BR"));
-        QInputDialog box;
-        box.show();
-        QStringList buttons;
-        for (QAbstractButton* b : box.findChildren<QAbstractButton*>())
-            buttons << b->text().remove(QLatin1Char('&'));
-        QVERIFY2(buttons.contains(QStringLiteral("Cancelar")), qPrintable(buttons.join(',')));
-        QLineEdit field;
-        field.setText(QStringLiteral("texto"));
-        std::unique_ptr<QMenu> menu(field.createStandardContextMenu());
-        QStringList entries;
-        for (QAction* action : menu->actions())
-            entries << action->text().remove(QLatin1Char('&')).section(QLatin1Char('\t'), 0, 0);
-        QVERIFY2(entries.contains(QStringLiteral("Copiar")), qPrintable(entries.join(',')));
-        QVERIFY2(!entries.contains(QStringLiteral("Copy")), qPrintable(entries.join(',')));
-        QFileDialog folder(nullptr, {}, QDir::tempPath());
-        folder.setOption(QFileDialog::DontUseNativeDialog);
-        folder.setFileMode(QFileDialog::Directory);
-        QStringList labels;
-        for (QLabel* label : folder.findChildren<QLabel*>())
-            labels << label->text();
-        QVERIFY2(!labels.contains(QStringLiteral("Look in:")), qPrintable(labels.join(',')));
     }
 };
 

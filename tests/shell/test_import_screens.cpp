@@ -9,11 +9,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSqlDatabase>
@@ -76,72 +74,6 @@ private slots:
         QVERIFY(seen);
         QVERIFY(mainHidden);
         QVERIFY(window.isVisible());
-    }
-
-    // The program's own loop runs, with the real message boxes: OK on the end of the batch leads
-    // back to the main screen, and nothing asks the program to end.
-    void theEndOfTheBatchReturnsToTheMainScreen() {
-        testsupport::TestEnvironment env;
-        store::Database db(env.newDatabasePath());
-        const QString batch = env.path(QStringLiteral("lote"));
-        QDir().mkpath(batch);
-        writeFile(batch + QStringLiteral("/REUNIDO_12345678000195.TXT"),
-                  registerFile(100, "12345678000195"));
-        shell::resetHooks();
-        shell::MainWindow window(db);
-        window.show();
-
-        struct QuitWatch : QObject {
-            bool asked = false;
-            bool eventFilter(QObject*, QEvent* event) override {
-                if (event->type() != QEvent::Quit)
-                    return false;
-                asked = true;
-                return true;
-            }
-        } quit;
-        qApp->installEventFilter(&quit);
-        QStringList seen;
-        bool imported = false;
-        QTimer user;
-        connect(&user, &QTimer::timeout, [&] {
-            QWidget* modal = QApplication::activeModalWidget();
-            if (auto* code = qobject_cast<QInputDialog*>(modal)) {
-                code->setTextValue(QStringLiteral("4qk"));
-                code->accept();
-            } else if (auto* box = qobject_cast<QMessageBox*>(modal)) {
-                seen << box->text();
-                if (box->text() == QLatin1String("Importação Concluída"))
-                    imported = true;
-                (box->button(QMessageBox::Yes) ? box->button(QMessageBox::Yes)
-                                               : box->button(QMessageBox::Ok))
-                    ->click();
-            } else if (auto* screen = qobject_cast<shell::ImportScreen*>(modal)) {
-                if (imported) {
-                    screen->findChild<QPushButton*>(QStringLiteral("cmdFechr"))->click();
-                } else if (screen->findChild<QLineEdit*>(QStringLiteral("txtTotalExis"))
-                               ->text()
-                               .isEmpty()) {
-                    screen->setBatch(batch, 1);
-                    screen->findChild<QPushButton*>(QStringLiteral("cmdImprt"))->click();
-                }
-            }
-        });
-        user.start(20);
-        bool back = false;
-        QTimer::singleShot(0, [&] {
-            window.importar();
-            back = window.isVisible();
-            QCoreApplication::exit(7);
-        });
-        QTimer::singleShot(20000, [] { QCoreApplication::exit(8); });
-        const int status = QCoreApplication::exec();
-        user.stop();
-        qApp->removeEventFilter(&quit);
-        QCOMPARE(status, 7);
-        QVERIFY2(imported, qPrintable(seen.join(QLatin1Char('|'))));
-        QVERIFY(back);
-        QVERIFY(!quit.asked);
     }
 
     void theDirectoryScreenListsTheTextFiles() {

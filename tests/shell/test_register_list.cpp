@@ -178,26 +178,6 @@ private slots:
         QCOMPARE(t.session.linhaLista, 2);
     }
 
-    void theStatusAfterAnExportIsTheStoredOne() {
-        FrameUnderTest t;
-        addRegister(t.db, 101, 1, QStringLiteral("ALFA"), 1, 1);
-        addRegister(t.db, 102, 2, QStringLiteral("BRAVO"), 1, 2);
-        shell::hooks().exportRegister = [&](shell::QuestionnaireFrame& frame, ui::Session&,
-                                            const store::RegisterKey& k) {
-            frame.database().run(
-                QStringLiteral("UPDATE EMPRS SET CSITU = 2 WHERE NMUNCP = ? AND NSEQNC = ?"),
-                {k.nmuncp, k.nseqnc});
-        };
-        t.open();
-        t.grid()->selectRow(1);
-        const QString before = t.grid()->item(1, 4)->text();
-        t.click("cmdExprt");
-        QCOMPARE(t.grid()->item(1, 1)->text().trimmed(), QStringLiteral("BRAVO"));
-        QVERIFY(t.grid()->item(1, 4)->text() != before);
-        QCOMPARE(t.grid()->item(1, 4)->text(), shell::statusWord(2));
-        QCOMPARE(t.grid()->currentRow(), 1);
-    }
-
     void printingAsksFirstAndContinuarGoesOnToTheNextBuiltScreen() {
         FrameUnderTest t;
         addRegister(t.db, 101, 1, QStringLiteral("ALFA"), 1, 1);
