@@ -56,8 +56,7 @@ PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family,
     layOut();
 
     QComboBox* ipropr = m_pump.combo(name("cmbIPROPR"));
-    connect(ipropr, &QComboBox::activated, this,
-            [this, ipropr] { m_fraProp->followOwnerChoice(ipropr); });
+    m_fraProp->follow(ipropr);
     connect(tankList(), &QComboBox::activated, this, &PumpMaintenance::tankChosen);
 }
 
@@ -117,7 +116,7 @@ void PumpMaintenance::declarePump() {
                 .column = "IPROPR",
                 .required = "Preenchimento Obrigatório do Tipo do Proprietário",
                 .leave = [this]() -> ui::Check {
-                    m_fraProp->followOwnerChoice(m_pump.combo(name("cmbIPROPR")));
+                    m_fraProp->followOwnerChoice();
                     return {};
                 }},
                frame);

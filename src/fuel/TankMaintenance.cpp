@@ -51,8 +51,7 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
     layOut();
 
     QComboBox* ipropr = m_tank.combo(QStringLiteral("cmbIPROPR"));
-    connect(ipropr, &QComboBox::activated, this,
-            [this, ipropr] { m_fraProp->followOwnerChoice(ipropr); });
+    m_fraProp->follow(ipropr);
     if (m_family.fixedMaterials)
         connect(m_tank.combo(QStringLiteral("cmbNMATRL")), &QComboBox::activated, this,
                 &TankMaintenance::materialChosen);
@@ -168,7 +167,7 @@ void TankMaintenance::declareTank() {
                 .column = "IPROPR",
                 .required = "Preenchimento Obrigatório do Tipo do Proprietário",
                 .leave = [this]() -> ui::Check {
-                    m_fraProp->followOwnerChoice(m_tank.combo(QStringLiteral("cmbIPROPR")));
+                    m_fraProp->followOwnerChoice();
                     return {};
                 }},
                frame);

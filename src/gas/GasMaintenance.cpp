@@ -58,8 +58,7 @@ void GasMaintenance::addTail(QString situationRequired) {
     m_owner = new ui::OwnerPanel(database(), m_tables.ownerTable, {}, this);
     m_owner->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     m_owner->hide();
-    connect(owner, &QComboBox::activated, this,
-            [this, owner] { m_owner->followOwnerChoice(owner); });
+    m_owner->follow(owner);
 }
 
 bool GasMaintenance::ownerShown() const {
@@ -137,7 +136,7 @@ QList<QWidget*> GasMaintenance::snapshotFields() const {
 
 ui::Check GasMaintenance::leaveCheck(QWidget* field) {
     if (field == m_fields.widget(QStringLiteral("cmbIPROPR"))) {
-        m_owner->followOwnerChoice(m_fields.combo(QStringLiteral("cmbIPROPR")));
+        m_owner->followOwnerChoice();
         return {};
     }
     return m_fields.leave(field);

@@ -139,8 +139,13 @@ void OwnerPanel::remove(store::Database& db, const store::Row& key) const {
     store::deleteRows(db, m_table, key);
 }
 
-void OwnerPanel::followOwnerChoice(const QComboBox* ipropr) {
-    if (chosenCode(ipropr).toString() == QLatin1String("O")) {
+void OwnerPanel::follow(const QComboBox* ipropr) {
+    m_ownerList = ipropr;
+    connect(ipropr, &QComboBox::activated, this, &OwnerPanel::followOwnerChoice);
+}
+
+void OwnerPanel::followOwnerChoice() {
+    if (m_ownerList && chosenCode(m_ownerList).toString() == QLatin1String("O")) {
         setEnabled(true);
         show();
     } else {

@@ -44,12 +44,16 @@ public:
     void remove(store::Database& db, const store::Row& key) const;
     // The fields in screen order, for the snapshot.
     QList<QWidget*> fields() const;
-    // The owner list of the equipment (cmbIPROPR) was chosen: only "Outros" is a third party
-    // whose address is asked, so the panel opens for it and goes away for any other owner.
-    void followOwnerChoice(const QComboBox* ipropr);
+    // The panel follows the equipment's owner list (cmbIPROPR): a choice in it opens or closes
+    // the panel at once, and followOwnerChoice() does it again on leaving the list.
+    void follow(const QComboBox* ipropr);
+    // Only "Outros" is a third party whose address is asked, so the panel opens for it and goes
+    // away for any other owner.
+    void followOwnerChoice();
 
 private:
     std::string_view m_table;
+    const QComboBox* m_ownerList = nullptr;
     Texts m_texts;
     AddressPanel* m_address = nullptr;
 };
