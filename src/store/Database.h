@@ -13,7 +13,7 @@ namespace store {
 // Every failure is thrown as a store::Failure.
 class Database {
 public:
-    static constexpr int kSchemaVersion = 2;
+    static constexpr int kSchemaVersion = 3;
     static constexpr int kBusyTimeoutMs = 5000;
 
     explicit Database(const QString& path);
