@@ -69,10 +69,13 @@ void keepPrivate(const QString& path) {
 Database::Database(const QString& path)
     : m_path(path)
     , m_connectionName(QStringLiteral("vor-%1").arg(connectionCounter.fetchAndAddRelaxed(1))) {
-    const QFileInfo info(path);
-    if (!info.absoluteDir().exists() && !makePrivateFolder(info.absolutePath()))
-        throw Failure::other(76, QStringLiteral("Caminho não encontrado: ") + info.absolutePath());
-    keepPrivate(path);
+    if (path != kInMemory) {
+        const QFileInfo info(path);
+        if (!info.absoluteDir().exists() && !makePrivateFolder(info.absolutePath()))
+            throw Failure::other(76,
+                                 QStringLiteral("Caminho não encontrado: ") + info.absolutePath());
+        keepPrivate(path);
+    }
 
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     db.setDatabaseName(path);

@@ -16,6 +16,9 @@ public:
     static constexpr int kSchemaVersion = 3;
     static constexpr int kBusyTimeoutMs = 5000;
 
+    // SQLite's name for a database that lives in memory alone, for as long as its connection.
+    static inline const QString kInMemory = QStringLiteral(":memory:");
+
     explicit Database(const QString& path);
     ~Database();
     Database(const Database&) = delete;
