@@ -3,7 +3,7 @@ BUILD ?= build
 CMAKE_FLAGS ?= -DCMAKE_BUILD_TYPE=Debug
 JOBS ?= $(shell nproc)
 
-.PHONY: all bootstrap build run demo test package bench asan format format-check clean
+.PHONY: all bootstrap build run demo test package bench asan fuzz format format-check clean
 
 all: build
 
@@ -63,6 +63,18 @@ bench:
 asan:
 	$(MAKE) --no-print-directory test BUILD=build-asan CMAKE_FLAGS="-DCMAKE_BUILD_TYPE=Debug -DVOR_SANITIZE=ON"
 
+# The readers of exchange files under libFuzzer, AddressSanitizer and UBSan (clang, in a build
+# directory of its own): the line reader, the field tokeniser, the code page and the import of
+# one file into a database in memory, FUZZ_SECONDS each, from the golden files of the tests.
+FUZZ_SECONDS ?= 60
+FUZZ_BUILD ?= build-fuzz
+fuzz:
+	@scripts/bootstrap
+	CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DVOR_FUZZ=ON \
+		-DVOR_TESTS=OFF
+	cmake --build $(FUZZ_BUILD) --target fuzzers -j $(JOBS)
+	scripts/fuzz $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h')
 
@@ -70,4 +82,4 @@ format-check:
 	clang-format --dry-run --Werror $$(git ls-files '*.cpp' '*.h')
 
 clean:
-	rm -rf build build-asan build-bench build-package
+	rm -rf build build-asan build-bench build-package build-fuzz

@@ -7,6 +7,7 @@
 #include "store/Database.h"
 #include "store/Failure.h"
 #include "store/ReferenceQueries.h"
+#include "store/RegisterKey.h"
 #include "store/SqlValues.h"
 #include "ui/Session.h"
 
@@ -253,10 +254,8 @@ RegisterFields loadRegister(store::Database& db, const store::RegisterKey& key) 
 }
 
 store::RegisterKey incluirEmpresa(store::Database& db, const RegisterFields& f, int nmuncp) {
-    const int nseqnc =
-        db.scalar(QStringLiteral("SELECT COALESCE(MAX(NSEQNC), 0) + 1 FROM EMPRS")).toInt();
-    if (nseqnc > 32767)
-        throw store::Failure::other(6, QStringLiteral("Estouro: não há mais números de VOR."));
+    // The table numbers its registers as a counter would: never a deleted register's number.
+    const int nseqnc = store::takeSequence(db);
     db.run(QStringLiteral("INSERT INTO EMPRS (NMUNCP, NSEQNC, DFANTS, DRAZAOSOCIL, DLOGRD, "
                           "NLOGRD, DLOGRDCOMPM, DBAIRR, CCEP, NDDD, NTELFN, NTELEX, CCGC, DATIVD, "
                           "ACADST, QLATTD, QLONGT, DEMAIL, NINSCRESTDL, NINSCRMUNCP, CIBGE) "

@@ -240,6 +240,10 @@ Importer::FileOutcome Importer::importFile(const QString& directory, const QStri
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         throw Stopped(readFailureText(errno, path, file.errorString()));
+    return importData(name, bytes);
+}
+
+Importer::FileOutcome Importer::importData(const QString& name, const QByteArray& bytes) {
     LineReader lines(bytes);
 
     // The EMPRS row: the first line that is neither empty nor its header. Empty lines come

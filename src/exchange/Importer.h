@@ -66,6 +66,8 @@ public:
     QString backup();
     void wipe();
     FileOutcome importFile(const QString& directory, const QString& name);
+    // The same for the bytes of a file called `name`, read already.
+    FileOutcome importData(const QString& name, const QByteArray& bytes);
 
     // The bar's length for one file: one step per section the readers know.
     static int sectionSteps();

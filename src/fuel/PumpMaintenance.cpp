@@ -141,9 +141,13 @@ void PumpMaintenance::declareLink() {
                 .column = "NCOMPR",
                 .required = "Preenchimento Obrigatório do Número do Compartimento",
                 .check = [this]() -> ui::Check {
-                    if (operation().name == m_family.insertLink() &&
-                        store::rowExists(database(), "TB_POSTOBOMBATANQU",
-                                         linkKey(ui::chosenCode(compartmentList()))))
+                    // A new link, or a link moved to another compartment, repeats none of the
+                    // pump's links.
+                    const QVariant chosen = ui::chosenCode(compartmentList());
+                    const bool moved = operation().name == m_family.alterLink() &&
+                                       chosen.toInt() != m_oldCompartment.toInt();
+                    if ((operation().name == m_family.insertLink() || moved) &&
+                        store::rowExists(database(), "TB_POSTOBOMBATANQU", linkKey(chosen)))
                         return Refusal{compartmentList(),
                                        QStringLiteral("Número do Compartimento já cadastrado")};
                     return {};
@@ -376,7 +380,9 @@ ui::Check PumpMaintenance::validate() {
     if (!onPump()) {
         if (ui::Check refused = m_link.validate())
             return refused;
-        if (operation().insert && m_hasLinks)
+        // A new link is held to the fuel of the pump's links, and so is a changed one, to the
+        // pump's other links.
+        if (!operation().insert || m_hasLinks)
             return sameFuel();
         return {};
     }
@@ -390,7 +396,10 @@ ui::Check PumpMaintenance::validate() {
 ui::Check PumpMaintenance::sameFuel() {
     // Only the fuel must agree: the line's material and type may differ between the links.
     const QVariant nbomba = m_pump.value(name("txtNBOMBA"));
-    const QVariant drawn = firstLinkFuel(database(), session(), m_family.itanqu, nbomba);
+    const bool changing = !operation().insert;
+    const QVariant drawn = firstLinkFuel(database(), session(), m_family.itanqu, nbomba,
+                                         changing ? ui::chosenCode(tankList()) : QVariant(),
+                                         changing ? m_oldCompartment : QVariant());
     const QVariant chosen =
         compartmentFuel(database(), session(), m_family.itanqu, ui::chosenCode(tankList()),
                         ui::chosenCode(compartmentList()));
@@ -452,7 +461,9 @@ int PumpMaintenance::childrenDue() const {
 }
 
 bool PumpMaintenance::chainMayClose(const ui::ListSelection& rows) const {
-    return !rows.detail.isEmpty();
+    // Once the pump has a link; or when no tank has a compartment to link, so that the chain
+    // that cannot be completed can still be left.
+    return !rows.detail.isEmpty() || !anyCompartment(database(), session(), m_family.itanqu);
 }
 
 } // namespace fuel

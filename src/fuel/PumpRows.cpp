@@ -42,13 +42,24 @@ bool linkExists(store::Database& db, const ui::Session& session, const QString& 
 }
 
 QVariant firstLinkFuel(store::Database& db, const ui::Session& session, const QString& itanqu,
-                       const QVariant& nbomba) {
-    QSqlQuery links = db.run(QStringLiteral("Select NTANQU, NCOMPR From TB_POSTOBOMBATANQU") +
-                                 kPumpCondition + QStringLiteral(" Order By NTANQU, NCOMPR"),
-                             pumpKey(session, itanqu, nbomba));
+                       const QVariant& nbomba, const QVariant& exceptTank,
+                       const QVariant& exceptCompartment) {
+    QSqlQuery links =
+        db.run(QStringLiteral("Select NTANQU, NCOMPR From TB_POSTOBOMBATANQU") + kPumpCondition +
+                   QStringLiteral(" And Not (NTANQU Is ? And NCOMPR Is ?)"
+                                  " Order By NTANQU, NCOMPR"),
+               pumpKey(session, itanqu, nbomba) << exceptTank << exceptCompartment);
     if (!links.next())
         return {};
     return compartmentFuel(db, session, itanqu, links.value(0), links.value(1));
+}
+
+bool anyCompartment(store::Database& db, const ui::Session& session, const QString& itanqu) {
+    return db
+        .scalar(QStringLiteral("Select 1 From TB_POSTOTANQUCOMPR Where NMUNCP = ? And NSEQNC = ?"
+                               " And ITANQU = ? Limit 1"),
+                {session.nmuncp, session.nseqnc, itanqu})
+        .isValid();
 }
 
 QVariant compartmentFuel(store::Database& db, const ui::Session& session, const QString& itanqu,

@@ -27,9 +27,14 @@ bool linkExists(store::Database& db, const ui::Session& session, const QString& 
                 const QVariant& nbomba, const QVariant& ntanqu, const QVariant& ncompr);
 
 // The fuel (NCOMBS) of the compartment the pump's first link draws from; invalid when the pump
-// has no link or that compartment is gone.
+// has no link or that compartment is gone. A link being changed is left out (`exceptTank`,
+// `exceptCompartment`), so that it is held to the pump's other links.
 QVariant firstLinkFuel(store::Database& db, const ui::Session& session, const QString& itanqu,
-                       const QVariant& nbomba);
+                       const QVariant& nbomba, const QVariant& exceptTank = {},
+                       const QVariant& exceptCompartment = {});
+
+// Whether any tank of the family has a compartment that a pump could draw from.
+bool anyCompartment(store::Database& db, const ui::Session& session, const QString& itanqu);
 
 // The fuel that a compartment stores; invalid when there is no such compartment.
 QVariant compartmentFuel(store::Database& db, const ui::Session& session, const QString& itanqu,

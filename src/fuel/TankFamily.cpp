@@ -77,12 +77,14 @@ TankFamily makeAboveground() {
         {QStringLiteral("Data do Último Laudo de Integridade"), 215, Kind::Date},
         {QStringLiteral("Proprietário"), 90, Kind::Text, ui::codeLabels("IPROPR")},
     };
-    // A tank is listed only with a base and a material that the dictionaries know.
+    // A tank is listed only with a material that the dictionary knows; one without a base (come
+    // with an older database or a file) is listed with the base empty, so that it can be
+    // reached and completed.
     f.tankQuery = QStringLiteral(
         "Select NTANQU,NIDENT,AINSTL,IPOSCA,DMATRL,DBASE,QCOMPRT,pt.ISITCA,ATESTEESTNQ,IPROPR"
-        " From TB_POSTOTANQU pt,DICNRBASE db, DICNRMATRLTANQU dm Where NMUNCP = ?"
-        " And NSEQNC = ? And ITANQU = ? And pt.NBASE = db.NBASE and pt.NMATRL = dm.NMATRL"
-        " Order By NTANQU");
+        " From TB_POSTOTANQU pt Left Join DICNRBASE db On pt.NBASE = db.NBASE,"
+        " DICNRMATRLTANQU dm Where NMUNCP = ? And NSEQNC = ? And ITANQU = ?"
+        " And pt.NMATRL = dm.NMATRL Order By NTANQU");
     f.compartmentsColumn = 6;
     f.materialLabel = QStringLiteral("Material");
     f.loadingMouthLabel = QStringLiteral("Alimentação");

@@ -61,10 +61,12 @@ const std::vector<ReportEntry> kCatalogue = {
      anyRow("TB_POSTOCONTRESTQU", system("S")), system("S")},
     {9, "rpt14_histrvazmnsubtr", QStringLiteral("Histórico de Vazamento - Subterrâneo"),
      anyRow("TB_POSTOVAZMN", system("S")), system("S")},
+    // Any tank with protection data brings the report in, not the first tank alone: the
+    // memorial never leaves out what was typed.
     {10,
      "rpt16_protccatdc",
      QStringLiteral("Proteção Catódica - Subterrâneo"),
-     {Kind::FirstTankColumn, {"TB_POSTOTANQU"}, system("S"), "SSISTMPROTC"},
+     anyRow("TB_POSTOTANQU", {is("ITANQU", "S"), {"SSISTMPROTC", Op::NotEmpty, {}}}),
      {is("ITANQU", "S"), {"SSISTMPROTC", Op::NotEmpty, {}}}},
     {11, "rpt30_monitambntsubtr", QStringLiteral("Monitoramento Ambiental (Subterrâneo)"),
      anyRow("TB_POSTOMONTRAMBNT", system("S")), system("S")},

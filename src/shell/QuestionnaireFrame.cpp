@@ -3,6 +3,7 @@
 #include "shell/RegisterList.h"
 
 #include "ui/Dialogs.h"
+#include "ui/Session.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -48,8 +49,11 @@ void QuestionnaireFrame::showList() {
 }
 
 void QuestionnaireFrame::backToList() {
-    if (mayLeaveScreens())
-        showList();
+    if (!mayLeaveScreens())
+        return;
+    // A forced chain left here is over: no children are due any more.
+    m_session.pendentes = 0;
+    showList();
 }
 
 bool QuestionnaireFrame::mayLeaveScreens() {
@@ -69,6 +73,7 @@ void QuestionnaireFrame::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    m_session.pendentes = 0;
     QMainWindow::closeEvent(event);
 }
 

@@ -68,6 +68,10 @@ int carryOver(Database& from, Database& into) {
     Transaction transaction(into);
     if (!into.scalar(QStringLiteral("SELECT 1 FROM main.TB_VORpMOVMN")).isValid())
         into.run(copySql(table("TB_VORpMOVMN")));
+    // No number given by the database in use is given again by the new one.
+    into.run(QStringLiteral("UPDATE main.TB_VORpSEQNC SET NSEQNC = max(NSEQNC, (SELECT "
+                            "COALESCE(MAX(NSEQNC), 0) FROM %1.TB_VORpSEQNC))")
+                 .arg(kFrom));
     transaction.commit();
     return int(registers.size());
 }

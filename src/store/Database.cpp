@@ -35,6 +35,18 @@ const std::vector<std::function<void(Database&)>> kMigrations = {
     },
     // 1 -> 2: the import looks every file's company up by its CNPJ.
     [](Database& db) { db.run(QStringLiteral("CREATE INDEX EMPRS_CCGC ON EMPRS (CCGC)")); },
+    // 2 -> 3: new registers are numbered by a counter (a new database has its table already),
+    // which starts behind the highest number in use.
+    [](Database& db) {
+        const Table& counter = table("TB_VORpSEQNC");
+        if (!db.scalar(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'table' AND "
+                                      "name = ?"),
+                       {counter.qname()})
+                 .isValid())
+            db.run(createTableSql(counter));
+        db.run(QStringLiteral("INSERT INTO TB_VORpSEQNC (NSEQNC) SELECT COALESCE(MAX(NSEQNC), 0) "
+                              "FROM EMPRS WHERE NOT EXISTS (SELECT 1 FROM TB_VORpSEQNC)"));
+    },
 };
 
 // A new database file is created empty and private before SQLite opens it (SQLite takes an empty
@@ -57,10 +69,13 @@ void keepPrivate(const QString& path) {
 Database::Database(const QString& path)
     : m_path(path)
     , m_connectionName(QStringLiteral("vor-%1").arg(connectionCounter.fetchAndAddRelaxed(1))) {
-    const QFileInfo info(path);
-    if (!info.absoluteDir().exists() && !makePrivateFolder(info.absolutePath()))
-        throw Failure::other(76, QStringLiteral("Caminho não encontrado: ") + info.absolutePath());
-    keepPrivate(path);
+    if (path != kInMemory) {
+        const QFileInfo info(path);
+        if (!info.absoluteDir().exists() && !makePrivateFolder(info.absolutePath()))
+            throw Failure::other(76,
+                                 QStringLiteral("Caminho não encontrado: ") + info.absolutePath());
+        keepPrivate(path);
+    }
 
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
     db.setDatabaseName(path);

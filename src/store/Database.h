@@ -13,8 +13,11 @@ namespace store {
 // Every failure is thrown as a store::Failure.
 class Database {
 public:
-    static constexpr int kSchemaVersion = 2;
+    static constexpr int kSchemaVersion = 3;
     static constexpr int kBusyTimeoutMs = 5000;
+
+    // SQLite's name for a database that lives in memory alone, for as long as its connection.
+    static inline const QString kInMemory = QStringLiteral(":memory:");
 
     explicit Database(const QString& path);
     ~Database();

@@ -8,6 +8,13 @@ namespace store {
 // The highest NSEQNC: the code carries it in four digits. A new number goes from 1 up to here.
 inline constexpr int kLastSequence = 9999;
 
+class Database;
+
+// The number of a new register: one above the last number given (or above the highest in use,
+// should a register have come with a higher one), kept as given within the caller's
+// transaction. Throws store::Failure past kLastSequence.
+int takeSequence(Database& db);
+
 // NMUNCP and NSEQNC: the key of one register in every register table.
 struct RegisterKey {
     int nmuncp = 0;

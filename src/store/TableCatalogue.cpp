@@ -640,6 +640,9 @@ const std::vector<Table> kTables = {
          {"ADOCMNINCLR", DateTime, 0},
          {"ADOCMNALTRR", DateTime, 0},
      }},
+    // One row: the last NSEQNC given to a new register. A number once given, and perhaps sent
+    // to the agency, never names another register, not even after its own was deleted.
+    {"TB_VORpSEQNC", TableRole::Counter, {}, {{"NSEQNC", Number, 0}}},
     {"MUNCP",
      TableRole::Reference,
      {"NMUNCP"},

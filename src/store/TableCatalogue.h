@@ -21,6 +21,7 @@ enum class ColumnType {
 enum class TableRole {
     Register,   // rows of one establishment, keyed by NMUNCP and NSEQNC
     Objective,  // TB_VORpMOVMN: the filling objective of the whole database
+    Counter,    // TB_VORpSEQNC: the last register number given
     Reference,  // municipalities, CEP patterns, regional offices, wells
     Dictionary, // code lists
 };

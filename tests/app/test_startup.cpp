@@ -117,6 +117,8 @@ private slots:
             store::Database old(db);
             testsupport::loadFixture(old, QStringLiteral("full_register.sql"));
             old.run(QStringLiteral("UPDATE SUGESTOES SET SUGESTAO = ?"), {kOddSuggestion});
+            // Registers numbered up to 50 were made, and the later ones deleted.
+            old.run(QStringLiteral("UPDATE TB_VORpSEQNC SET NSEQNC = 50"));
             QDir().mkpath(QFileInfo(incoming).absolutePath());
             store::Database fresh(incoming);
         }
@@ -165,6 +167,8 @@ private slots:
                                             "TB_VORpMOVMN"))
                      .toString(),
                  QStringLiteral("C 2003-03-14 10:00:00"));
+        // No number the old database gave is given again.
+        QCOMPARE(after.scalar(QStringLiteral("SELECT NSEQNC FROM TB_VORpSEQNC")).toInt(), 50);
     }
 
     void aFailedCarryOverLeavesBothFilesAsTheyWere() {

@@ -210,6 +210,7 @@ private slots:
         testsupport::saveScreenshot(*t.form, QStringLiteral("frmVORCadast"));
         QSignalSpy closed(t.form.get(), &establishment::RegisterForm::closed);
         t.type("txtDFANTS", QStringLiteral("posto alterado"));
+        // The activity code typed on a change is saved too, never dropped.
         t.type("txtcibge", QStringLiteral("1234567"));
         t.ok();
         QCOMPARE(t.dialogs.texts(), QStringList());

@@ -213,6 +213,53 @@ private slots:
         QCOMPARE(loaded.nseqncText, QStringLiteral("8"));
     }
 
+    // A new register never takes a number given before, not even that of a deleted register:
+    // a number once sent to the agency must never name another station there.
+    void aDeletedRegistersNumberIsNeverGivenAgain() {
+        testsupport::TestEnvironment env;
+        const QString path = env.newDatabasePath();
+        const auto insert = [&](store::Database& db) {
+            return establishment::incluirRegistro(db, testsupport::completeFields(),
+                                                  testsupport::kAdamantina, kToday)
+                .nseqnc;
+        };
+        const auto remove = [](store::Database& db, int nseqnc) {
+            for (const char* table : {"TB_POSTO", "EMPRS"})
+                db.run(QStringLiteral("DELETE FROM %1 WHERE NSEQNC = ?").arg(QLatin1String(table)),
+                       {nseqnc});
+        };
+        {
+            store::Database db(path);
+            QCOMPARE(insert(db), 1);
+            QCOMPARE(insert(db), 2);
+            remove(db, 2);
+            QCOMPARE(insert(db), 3);
+            remove(db, 1);
+            remove(db, 3);
+            QCOMPARE(insert(db), 4);
+            // A register that came with a higher number (an import) is passed too.
+            db.run(QStringLiteral("INSERT INTO EMPRS (NMUNCP, NSEQNC) VALUES (100, 40)"));
+            QCOMPARE(insert(db), 41);
+            // The last number the code can show is the last one given.
+            db.run(QStringLiteral("UPDATE TB_VORpSEQNC SET NSEQNC = 9999"));
+            QVERIFY_THROWS_EXCEPTION(store::Failure, insert(db));
+            QCOMPARE(db.scalar(QStringLiteral("SELECT COUNT(*) FROM EMPRS")).toInt(), 3);
+        }
+
+        // A database of the schema before the counter numbers on from its highest register.
+        const QString older = env.path(QStringLiteral("anterior.db"));
+        {
+            store::Database db(older);
+            db.run(QStringLiteral("DROP TABLE TB_VORpSEQNC"));
+            db.run(QStringLiteral("INSERT INTO EMPRS (NMUNCP, NSEQNC) VALUES (100, 7)"));
+            db.run(QStringLiteral("PRAGMA user_version = 2"));
+        }
+        store::Database db(older);
+        QCOMPARE(db.userVersion(), store::Database::kSchemaVersion);
+        remove(db, 7);
+        QCOMPARE(insert(db), 8);
+    }
+
     void optionalFieldsAreWrittenAsNull() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());

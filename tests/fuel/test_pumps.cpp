@@ -418,7 +418,7 @@ private slots:
         QCOMPARE(find<QComboBox>(QStringLiteral("cmbILINHA"))->currentText(),
                  QStringLiteral("Pressurizada"));
         QVERIFY(find<QComboBox>(QStringLiteral("cmbNMATRL"))->hasFocus());
-        // A change is not held to the pump's fuel.
+        // The pump's only link may take another fuel: no other link holds it to one.
         choose(QStringLiteral("cmbNCOMPR"), QStringLiteral("2 - Óleo Diesel Comum"));
         choose(QStringLiteral("cmbNMATRL"), QStringLiteral("Cobre"));
         click(QStringLiteral("cmdOk"));
@@ -430,6 +430,54 @@ private slots:
         QCOMPARE(link.value(1).toInt(), 2);
         QCOMPARE(link.value(2).toInt(), 15);
         QVERIFY(!link.next());
+    }
+
+    // A changed link is held to the fuel of the pump's other links as a new one is, and moved
+    // onto a compartment the pump draws from already it gets the screen's own refusal.
+    void aChangedLinkKeepsThePumpsFuelAndRepeatsNoLink() {
+        seedTank(kUnder, 1, QStringLiteral("TQ UM"), {kGasolina, kDiesel, kGasolina});
+        seedPump(kUnder, 4);
+        seedLink(kUnder, 4, 1, 1);
+        seedLink(kUnder, 4, 1, 3);
+        openList();
+        selectRow(QStringLiteral("fgrBombaCompar"), 1);
+        click(QStringLiteral("cmdAlterar"));
+        QCOMPARE(find<QComboBox>(QStringLiteral("cmbNCOMPR"))->currentText(),
+                 QStringLiteral("1 - Gasolina Comum"));
+        choose(QStringLiteral("cmbNCOMPR"), QStringLiteral("3 - Gasolina Comum"));
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList{"critical: Número do Compartimento já cadastrado"});
+        QVERIFY(find<QComboBox>(QStringLiteral("cmbNCOMPR"))->hasFocus());
+        m_dialogs->clear();
+        choose(QStringLiteral("cmbNCOMPR"), QStringLiteral("2 - Óleo Diesel Comum"));
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList{"critical: A Bomba só pode aceitar Compartimentos que "
+                                         "Armazenem o mesmo combustível"});
+        QCOMPARE(count("Select Count(*) From TB_POSTOBOMBATANQU Where NCOMPR In (1, 3)"), 2);
+        m_dialogs->clear();
+        // The link's own compartment is no repetition, and its fuel is the pump's.
+        choose(QStringLiteral("cmbNCOMPR"), QStringLiteral("1 - Gasolina Comum"));
+        choose(QStringLiteral("cmbNMATRL"), QStringLiteral("Cobre"));
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList{"information: Alterado com Sucesso"});
+        QCOMPARE(count("Select NMATRL From TB_POSTOBOMBATANQU Where NCOMPR = 1"), 15);
+    }
+
+    // A new pump while no tank of its kind has a compartment: its chain of links cannot be
+    // completed, and Fechar ends it, as it does once a link exists.
+    void aNewPumpWithNothingToDrawFromMayLeaveItsChain() {
+        seedTank(kUnder, 9, QStringLiteral("VAZIO"), {});
+        seedTank(kAbove, 1, QStringLiteral("AEREO"), {kGasolina});
+        openList();
+        newPump(QStringLiteral("7"));
+        QCOMPARE(screen()->objectName(), QStringLiteral("frmBombaM"));
+        QCOMPARE(m_host->session().operacaoItem, QStringLiteral("Incluir Bomba/Compartimento"));
+        QVERIFY(!button(QStringLiteral("cmdCancelar"))->isEnabled());
+        QVERIFY(button(QStringLiteral("cmdFechar"))->isEnabled());
+        click(QStringLiteral("cmdFechar"));
+        QCOMPARE(screen()->objectName(), QStringLiteral("frmBomba"));
+        QCOMPARE(column(QStringLiteral("fgrBomba"), 0), QStringList{"7"});
+        QCOMPARE(dataRowsOfLinks(), 0);
     }
 
     void theAbovegroundTwinSeesOnlyItsOwnRows() {

@@ -753,6 +753,27 @@ private slots:
         QCOMPARE(tank.value(5).toInt(), 1);
     }
 
+    // A reservoir without a base (from an older database or a file) is listed, with the base
+    // empty, and can be opened and completed.
+    void aReservoirWithoutABaseIsListedAndCanBeCompleted() {
+        seedTank(1, 1, 1, QStringLiteral("D"), QStringLiteral("A"));
+        seedTank(2, 1, 1, QStringLiteral("D"), QStringLiteral("A"));
+        db().run(QStringLiteral("Update TB_POSTOTANQU Set NBASE = Null Where NTANQU = 2"));
+        openList(QStringLiteral("frmTanquAereo"));
+        QCOMPARE(column(QStringLiteral("fgrPostoTanqu"), 0), QStringList({"1", "2"}));
+        QCOMPARE(column(QStringLiteral("fgrPostoTanqu"), 5), QStringList({"Concreto", ""}));
+
+        selectRow(QStringLiteral("fgrPostoTanqu"), 2);
+        click(QStringLiteral("cmdAlterar"));
+        QCOMPARE(find<QLineEdit>(QStringLiteral("txtNTANQU"))->text(), QStringLiteral("2"));
+        QCOMPARE(find<QComboBox>(QStringLiteral("cmbNBASE"))->currentText(), QString());
+        choose(QStringLiteral("cmbNBASE"), QStringLiteral("Alvenaria"));
+        click(QStringLiteral("cmdOk"));
+        QCOMPARE(messages(), QStringList{"information: Alterado com Sucesso"});
+        QCOMPARE(count(QStringLiteral("Select NBASE From TB_POSTOTANQU Where NTANQU = 2")),
+                 count(QStringLiteral("Select NBASE From DICNRBASE Where DBASE = 'Alvenaria'")));
+    }
+
     void deletingAnAbovegroundTankTakesOnlyItsOwnRows() {
         for (const char* family : {"S", "A"}) {
             seedTank(1, 2, 2, QStringLiteral("O"), QLatin1String(family));

@@ -219,10 +219,15 @@ private slots:
             << then(filled, QStringLiteral("UPDATE TB_POSTOTANQU SET SSISTMPROTC = NULL WHERE "
                                            "NTANQU = 2 AND NMUNCP = ? AND NSEQNC = ?"))
             << "rpt16_protccatdc" << true;
+        // What was typed for any tank is printed, not only the first tank's.
         QTest::newRow("only a later underground tank protected")
             << then(filled, QStringLiteral("UPDATE TB_POSTOTANQU SET SSISTMPROTC = NULL WHERE "
                                            "NTANQU = 1 AND ITANQU = 'S' AND NMUNCP = ? AND "
                                            "NSEQNC = ?"))
+            << "rpt16_protccatdc" << true;
+        QTest::newRow("no underground tank protected")
+            << then(filled, QStringLiteral("UPDATE TB_POSTOTANQU SET SSISTMPROTC = NULL WHERE "
+                                           "ITANQU = 'S' AND NMUNCP = ? AND NSEQNC = ?"))
             << "rpt16_protccatdc" << false;
         QTest::newRow("protection answered No still prints")
             << then(filled, QStringLiteral("UPDATE TB_POSTOTANQU SET SSISTMPROTC = 'N' WHERE "

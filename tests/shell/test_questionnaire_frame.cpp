@@ -5,6 +5,7 @@
 #include "store/Database.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestEnvironment.h"
+#include "ui/ListScreen.h"
 #include "ui/Session.h"
 
 #include <QAction>
@@ -83,6 +84,32 @@ private slots:
         menuArquivo();
         QVERIFY(m_dialogs->texts().isEmpty());
         QCOMPARE(current()->objectName(), QStringLiteral("frmVOR"));
+    }
+
+    // A forced chain left through the menu or by closing the frame is over: no compartment
+    // stays due for the next insert to count down.
+    void leavingAForcedChainEndsIt() {
+        m_db->run(QStringLiteral("Insert Into TB_POSTOTANQU (NMUNCP, NSEQNC, AINFRM, ITANQU,"
+                                 " NTANQU, NIDENT, AINSTL, NMATRL, QCOMPRT, IPROPR, ITESTEESTNQ,"
+                                 " ISITCA) Values (100, 1, '2024-01-10', 'S', 1, 'TQ',"
+                                 " '2005-06-01', 4, 3, 'D', 'ND', 'A')"));
+        for (const bool close : {false, true}) {
+            ui::showPlace(*m_frame, {QStringLiteral("frmTanqu")});
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            // The state a new tank of three compartments leaves behind it.
+            m_session.pendentes = 3;
+            qobject_cast<ui::ListScreen*>(current())->forceDetailInsert();
+            QCOMPARE(current()->objectName(), QStringLiteral("frmTanquM"));
+            QCOMPARE(m_session.operacaoItem, QStringLiteral("Incluir Compartimento"));
+            QVERIFY(!current()->findChild<QPushButton*>(QStringLiteral("cmdFechar"))->isEnabled());
+            if (close) {
+                QVERIFY(m_frame->close());
+            } else {
+                menuArquivo();
+                QCOMPARE(current()->objectName(), QStringLiteral("frmVOR"));
+            }
+            QCOMPARE(m_session.pendentes, 0);
+        }
     }
 
     void closingTheWindowAsksToo() {

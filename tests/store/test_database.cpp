@@ -200,6 +200,21 @@ private slots:
         QCOMPARE(file.readAll(), before);
     }
 
+    // A database in memory has the whole schema and the reference rows, and no file anywhere.
+    void aDatabaseInMemoryLeavesNoFile() {
+        testsupport::TestEnvironment env;
+        const QString before = QDir::currentPath();
+        QDir::setCurrent(env.path(QString()));
+        {
+            store::Database db(store::Database::kInMemory);
+            QCOMPARE(db.userVersion(), store::Database::kSchemaVersion);
+            QCOMPARE(count(db, QStringLiteral("SELECT COUNT(*) FROM MUNCP WHERE NMUNCP >= 100")),
+                     645);
+        }
+        QCOMPARE(QDir(env.path(QString())).entryList(QDir::Files | QDir::Hidden), QStringList());
+        QDir::setCurrent(before);
+    }
+
     void valuesAreBoundNeverSpliced() {
         testsupport::TestEnvironment env;
         store::Database db(env.newDatabasePath());
