@@ -1,9 +1,7 @@
 #include "app/Startup.h"
 
-#include "exchange/CarryOver.h"
-#include "exchange/ExportFailure.h"
-#include "exchange/TableReader.h"
 #include "store/Backup.h"
+#include "store/CarryOver.h"
 #include "store/Database.h"
 #include "store/Failure.h"
 #include "store/PrivateFiles.h"
@@ -11,7 +9,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 namespace app {
 
@@ -35,21 +32,12 @@ IncomingResult carryOverInto(const QString& incoming, const QString& databasePat
 
     IncomingResult result;
     try {
-        const QTemporaryDir scratch;
-        if (!scratch.isValid())
-            return failed(work, QStringLiteral("Não foi possível criar uma pasta temporária."));
         store::Database old(databasePath);
         store::Database fresh(work);
-        result.registers = exchange::carryOver(old, fresh, scratch.path());
+        result.registers = store::carryOver(old, fresh);
     } catch (const store::Failure& failure) {
         return failed(work, failure.fromDatabase() ? store::databaseErrorText(failure)
                                                    : failure.description());
-    } catch (const exchange::ExportFailure& failure) {
-        return failed(work, failure.message());
-    } catch (const exchange::UnreadableField& unreadable) {
-        return failed(work, QStringLiteral("O valor \"%1\" do campo %2 da tabela %3 não pôde ser "
-                                           "transferido.")
-                                .arg(unreadable.field(), unreadable.column(), unreadable.table()));
     }
 
     result.backupPath = store::backupPath(databasePath, QDateTime::currentDateTime());

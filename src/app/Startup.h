@@ -22,8 +22,8 @@ struct IncomingResult {
 
 // A new release leaves its database in the incoming place. With no database in use it is
 // moved into place. With one in use, every register of the database in use (and its
-// objective) is carried into the new one through the per-table files of the exchange format;
-// the new one then takes its place and the old file goes to backups/ beside it. The work is
+// objective) is carried into the new one, every column of every table as it is stored; the
+// new one then takes its place and the old file goes to backups/ beside it. The work is
 // done on a copy, so a failure leaves both files as they were.
 IncomingResult takeIncomingDatabase(const QString& databasePath);
 

@@ -53,7 +53,7 @@ QString dateText(const QLineEdit* edit) {
 } // namespace
 
 RegisterForm::RegisterForm(store::Database& db, ui::Session& session, QWidget* parent)
-    : QWidget(parent)
+    : ui::EditScreen(db, session, parent)
     , m_db(db)
     , m_session(session)
     , m_changing(session.operacao == ui::kAlterar) {
@@ -68,7 +68,7 @@ RegisterForm::RegisterForm(store::Database& db, ui::Session& session, QWidget* p
         entry.nseqncText = QString::number(m_session.nseqnc);
     }
     setFields(entry);
-    m_packOnEntry = fields().pack();
+    takeSnapshot();
     m_ok->setEnabled(false);
     m_cancelar->setEnabled(false);
     m_fechar->setEnabled(true);
@@ -81,7 +81,7 @@ QLineEdit* RegisterForm::addText(const char* name, int maxLength) {
         edit->setMaxLength(maxLength);
     edit->installEventFilter(this);
     m_texts.insert(edit->objectName(), edit);
-    connect(edit, &QLineEdit::textChanged, this, &RegisterForm::checkChanged);
+    connect(edit, &QLineEdit::textChanged, this, &RegisterForm::verifyChange);
     return edit;
 }
 
@@ -97,7 +97,7 @@ void RegisterForm::build() {
         m_kinds[i] = new QRadioButton(kindCaptions[i], kindFrame);
         m_kinds[i]->setObjectName(QStringLiteral("Option1_%1").arg(i));
         kindLayout->addWidget(m_kinds[i]);
-        connect(m_kinds[i], &QRadioButton::toggled, this, &RegisterForm::checkChanged);
+        connect(m_kinds[i], &QRadioButton::toggled, this, &RegisterForm::verifyChange);
     }
     kindLayout->addStretch();
 
@@ -303,7 +303,7 @@ void RegisterForm::build() {
 
     ui::runGuarded([&] { m_address->loadMunicipalities(); });
     m_municipio->setCurrentIndex(-1);
-    connect(m_municipio, &QComboBox::currentIndexChanged, this, &RegisterForm::checkChanged);
+    connect(m_municipio, &QComboBox::currentIndexChanged, this, &RegisterForm::verifyChange);
     // In "Alterar" the municipality, a part of the key, is shown but cannot be chosen again.
     m_address->setMunicipalityLocked(m_changing);
     m_municipio->setVisible(!m_changing);
@@ -405,48 +405,39 @@ RegisterFields RegisterForm::fields() const {
     return f;
 }
 
-void RegisterForm::checkChanged() {
-    if (m_packOnEntry.isNull())
-        return; // still filling the fields on entry
-    const bool changed = fields().pack() != m_packOnEntry;
+QString RegisterForm::composeSnapshot() const {
+    return fields().pack();
+}
+
+void RegisterForm::changeShown(bool changed) {
     m_ok->setEnabled(changed);
     m_cancelar->setEnabled(changed);
     m_fechar->setEnabled(!changed);
 }
 
-bool RegisterForm::eventFilter(QObject* watched, QEvent* event) {
-    auto* field = qobject_cast<QLineEdit*>(watched);
-    if (field && m_texts.contains(field->objectName())) {
-        if (event->type() == QEvent::FocusIn) {
-            m_lastField = field;
-        } else if (event->type() == QEvent::FocusOut) {
-            const auto reason = static_cast<QFocusEvent*>(event)->reason();
-            const QWidget* next = QApplication::focusWidget();
-            // Leaving for a button, for another window or by a refusal's own focus change is not
-            // leaving the field: Ok checks the field itself, Fechar and Cancelar drop it.
-            const bool toButton = next == m_ok || next == m_cancelar || next == m_fechar;
-            if (!m_inLeaveCheck && !toButton && reason != Qt::ActiveWindowFocusReason &&
-                reason != Qt::PopupFocusReason)
-                leaveCheck(field, false);
-        }
-    }
-    return QWidget::eventFilter(watched, event);
+bool RegisterForm::isLeaving(const QWidget* next) const {
+    // Leaving for a button is not leaving the field: Ok checks the field itself, Fechar and
+    // Cancelar drop it.
+    return next != m_ok && next != m_cancelar && next != m_fechar;
 }
 
-bool RegisterForm::leaveCheck(QWidget* widget, bool onOk) {
+QList<QWidget*> RegisterForm::snapshotFields() const {
+    return {};
+}
+
+ui::Check RegisterForm::leaveCheck(QWidget* widget) {
     auto* field = qobject_cast<QLineEdit*>(widget);
-    if (!field)
-        return true;
+    if (!field || !m_texts.contains(field->objectName()))
+        return {};
+    const bool onOk = m_onOk;
     const QString name = field->objectName();
     const QString mask = displayMasks().value(name);
     const QString text =
         mask.isEmpty() ? field->text() : rules::tiraMascara(field->text(), mask).trimmed();
 
-    std::optional<Refusal> refusal;
+    ui::Check refusal;
     bool focusBack = true;
-    const auto critical = [&](const QString& message) {
-        refusal = Refusal{name, message, ui::Icon::Critical, ui::kTitle};
-    };
+    const auto critical = [&](const QString& message) { refusal = Refusal{field, message}; };
 
     if (name == QLatin1String("mskACADST") || name == QLatin1String("mskALEVNT")) {
         const bool start = name == QLatin1String("mskACADST");
@@ -471,8 +462,9 @@ bool RegisterForm::leaveCheck(QWidget* widget, bool onOk) {
         }
     } else if (name == QLatin1String("txtNINSCRESTDL")) {
         if (!text.trimmed().isEmpty() && rules::val(text) == 0)
-            refusal = Refusal{name, QStringLiteral("Preenchimento Incorreto da Inscrição Estadual"),
-                              ui::Icon::Information, ui::kTitle};
+            refusal =
+                Refusal{field, QStringLiteral("Preenchimento Incorreto da Inscrição Estadual"),
+                        ui::Icon::Information, ui::kTitle};
     } else if (onOk && name == QLatin1String("txtndddemprs")) {
         // Ok is pressed without leaving the field: the address block has not checked it yet.
         if (rules::dddIncorreto(text))
@@ -482,68 +474,58 @@ bool RegisterForm::leaveCheck(QWidget* widget, bool onOk) {
     }
     // At Ok an empty field is left to the checks of Ok, which word it in their own order.
     if (!refusal || (onOk && !focusBack))
-        return true;
-    m_inLeaveCheck = true;
-    ui::dialogs().message(refusal->title, refusal->message, refusal->icon);
-    if (focusBack)
-        field->setFocus();
-    m_inLeaveCheck = false;
-    return !focusBack;
-}
-
-void RegisterForm::refuse(const Refusal& refusal) {
-    m_inLeaveCheck = true;
-    ui::showRefusal(refusal, this);
-    m_inLeaveCheck = false;
+        return {};
+    // An empty date is said once on leaving it; the focus goes on.
+    if (!focusBack)
+        return Refusal{QString(), refusal->message, refusal->icon};
+    return refusal;
 }
 
 void RegisterForm::ok() {
-    // The buttons take no focus from a click, so the field being typed in is left only now:
-    // its own check comes first.
-    if (m_lastField && !leaveCheck(m_lastField, true))
+    // The buttons take no focus from a click, so the field being typed in is left only now: its
+    // own check comes first, then the checks of Ok, then the writes in one transaction.
+    m_onOk = true;
+    const bool saved = save();
+    m_onOk = false;
+    // A failed save keeps the form open with everything that was typed.
+    if (!saved)
         return;
-    const RegisterFields f = fields();
+    if (m_newKey) {
+        m_session.setKey(*m_newKey);
+        m_session.chaveNova = m_newKey->code();
+    }
+    if (m_session.operacao != ui::kIncluir && m_session.operacao != ui::kAlterar)
+        alterarVor();
+    emit closed();
+}
+
+ui::Check RegisterForm::validate() {
     CheckContext context;
     context.objective = m_session.objective();
     context.operacao = m_session.operacao;
     context.sessionNmuncp = m_session.nmuncp;
-    CheckResult checked;
-    if (!ui::runGuarded([&] { checked = consistirDados(m_db, f, context); }))
-        return;
-    if (checked.refusal) {
-        refuse(*checked.refusal);
-        return;
-    }
+    const CheckResult checked = consistirDados(m_db, fields(), context);
+    if (checked.refusal)
+        return checked.refusal;
     // The last step of the checks: the register's municipality is settled.
     m_session.nmuncp = checked.nmuncp;
     m_texts.value(QStringLiteral("txtnMuncp"))->setText(QString::number(checked.nmuncp));
-
     m_session.marcaContinuar = QStringLiteral("M");
-    bool saved = false;
-    {
-        ui::BusyCursor busy;
-        if (m_session.operacao == ui::kIncluir) {
-            saved = ui::runGuarded([&] {
-                const store::RegisterKey key = incluirRegistro(m_db, f, checked.nmuncp);
-                m_session.setKey(key);
-                m_session.chaveNova = key.code();
-            });
-        } else if (m_session.operacao == ui::kAlterar) {
-            saved = ui::runGuarded([&] { alterarRegistro(m_db, f, m_session.key()); });
-        } else {
-            alterarVor();
-            saved = true;
-        }
-    }
-    // A failed save keeps the form open with everything that was typed.
-    if (saved)
-        emit closed();
+    return {};
+}
+
+void RegisterForm::write(store::Database& db) {
+    m_newKey.reset();
+    if (m_session.operacao == ui::kIncluir)
+        m_newKey = writeNewRegister(db, fields(), m_session.nmuncp, QDate::currentDate());
+    else if (m_session.operacao == ui::kAlterar)
+        writeRegisterChange(db, fields(), m_session.key());
 }
 
 // Alterar_VOR: the walk through the questionnaire asks before it stores a change.
 void RegisterForm::alterarVor() {
     const RegisterFields f = fields();
-    if (f.pack() == m_packOnEntry && m_session.operacao != ui::kAlterar)
+    if (f.pack() == retratoInicial() && m_session.operacao != ui::kAlterar)
         return;
     if (!ui::dialogs().ask(ui::kTitle, QStringLiteral("Confirma Alterações?"), ui::Icon::Question,
                            false))

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "establishment/RegisterRecord.h"
+#include "ui/EditScreen.h"
 
 #include <QHash>
 #include <QWidget>
 #include <array>
 #include <functional>
+#include <optional>
 
 class QComboBox;
 class QLineEdit;
@@ -24,7 +26,7 @@ namespace establishment {
 
 // frmVORCadast: the establishment's identification. Creates a register ("Incluir") or changes
 // one ("Alterar"), as the session's operation says; emits closed() when it is done, saved or not.
-class RegisterForm : public QWidget {
+class RegisterForm : public ui::EditScreen {
     Q_OBJECT
 
 public:
@@ -36,17 +38,19 @@ signals:
     void closed();
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    QList<QWidget*> snapshotFields() const override;
+    QString composeSnapshot() const override;
+    ui::Check validate() override;
+    // The check of a field on leaving it. At Ok an empty field is left to the checks of Ok.
+    ui::Check leaveCheck(QWidget* field) override;
+    void write(store::Database& db) override;
+    void changeShown(bool changed) override;
+    bool isLeaving(const QWidget* next) const override;
 
 private:
     QLineEdit* addText(const char* name, int maxLength);
     void build();
     void setFields(const RegisterFields& f);
-    void checkChanged();
-    // The check of a field on leaving it; false (after its message) when it refused the text
-    // and took the focus back.
-    bool leaveCheck(QWidget* field, bool onOk);
-    void refuse(const Refusal& refusal);
 
     void ok();
     void fechar();
@@ -62,10 +66,10 @@ private:
     QPushButton* m_ok = nullptr;
     QPushButton* m_cancelar = nullptr;
     QPushButton* m_fechar = nullptr;
-    QWidget* m_lastField = nullptr;
-    QString m_packOnEntry;
     bool m_changing = false;
-    bool m_inLeaveCheck = false;
+    bool m_onOk = false;
+    // The key of the register that the save just created.
+    std::optional<store::RegisterKey> m_newKey;
 };
 
 } // namespace establishment

@@ -338,12 +338,25 @@ void marcarParaExportar(store::Database& db, const store::RegisterKey& key) {
            {key.nmuncp, key.nseqnc});
 }
 
-store::RegisterKey incluirRegistro(store::Database& db, const RegisterFields& fields, int nmuncp,
-                                   const QDate& today) {
-    store::Transaction transaction(db);
+store::RegisterKey writeNewRegister(store::Database& db, const RegisterFields& fields, int nmuncp,
+                                    const QDate& today) {
     const store::RegisterKey key = incluirEmpresa(db, fields, nmuncp);
     incluirPosto(db, fields, key, today);
     marcarParaExportar(db, key);
+    return key;
+}
+
+void writeRegisterChange(store::Database& db, const RegisterFields& fields,
+                         const store::RegisterKey& key) {
+    alterarEmpresa(db, fields, key);
+    alterarPosto(db, fields, key);
+    marcarParaExportar(db, key);
+}
+
+store::RegisterKey incluirRegistro(store::Database& db, const RegisterFields& fields, int nmuncp,
+                                   const QDate& today) {
+    store::Transaction transaction(db);
+    const store::RegisterKey key = writeNewRegister(db, fields, nmuncp, today);
     transaction.commit();
     return key;
 }
@@ -351,9 +364,7 @@ store::RegisterKey incluirRegistro(store::Database& db, const RegisterFields& fi
 void alterarRegistro(store::Database& db, const RegisterFields& fields,
                      const store::RegisterKey& key) {
     store::Transaction transaction(db);
-    alterarEmpresa(db, fields, key);
-    alterarPosto(db, fields, key);
-    marcarParaExportar(db, key);
+    writeRegisterChange(db, fields, key);
     transaction.commit();
 }
 

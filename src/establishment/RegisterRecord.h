@@ -92,6 +92,13 @@ void alterarPosto(store::Database& db, const RegisterFields& fields, const store
 // The status routine: every save of the register form makes the register 1 (to be exported).
 void marcarParaExportar(store::Database& db, const store::RegisterKey& key);
 
+// The writes of Ok, inside the caller's transaction: a new register (returns its key) and a
+// change of one.
+store::RegisterKey writeNewRegister(store::Database& db, const RegisterFields& fields, int nmuncp,
+                                    const QDate& today);
+void writeRegisterChange(store::Database& db, const RegisterFields& fields,
+                         const store::RegisterKey& key);
+
 // The writes of Ok, each in one transaction: all of it is stored or, on a failure, nothing.
 store::RegisterKey incluirRegistro(store::Database& db, const RegisterFields& fields, int nmuncp,
                                    const QDate& today = QDate::currentDate());

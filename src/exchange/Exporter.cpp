@@ -26,17 +26,15 @@ QString quoted(std::string_view name) {
            QLatin1Char('"');
 }
 
-// The columns written for `purpose`, in exchange order, and the table's rows of the register
-// (all rows for the objective table) in the order of its key.
-QString selectSql(const TableLayout& layout, Purpose purpose) {
+// The columns written, in exchange order, and the table's rows of the register in the order of
+// its key.
+QString selectSql(const TableLayout& layout) {
     const store::Table& t = *layout.table;
     QStringList columns;
-    for (int i = 0; i < layout.fields(purpose); ++i)
+    for (int i = 0; i < layout.exportFields; ++i)
         columns << quoted(t.columns[std::size_t(i)].name);
-    QString sql =
-        QStringLiteral("SELECT %1 FROM %2").arg(columns.join(QLatin1Char(',')), quoted(t.name));
-    if (t.role == store::TableRole::Register)
-        sql += QStringLiteral(" WHERE NMUNCP = ? AND NSEQNC = ?");
+    const QString sql = QStringLiteral("SELECT %1 FROM %2 WHERE NMUNCP = ? AND NSEQNC = ?")
+                            .arg(columns.join(QLatin1Char(',')), quoted(t.name));
     QStringList order;
     for (std::string_view k : t.key)
         order << quoted(k);
@@ -45,11 +43,8 @@ QString selectSql(const TableLayout& layout, Purpose purpose) {
 }
 
 QList<QVariantList> rowsOf(store::Database& db, const TableLayout& layout,
-                           const store::RegisterKey& key, Purpose purpose) {
-    QVariantList bound;
-    if (layout.table->role == store::TableRole::Register)
-        bound = {key.nmuncp, key.nseqnc};
-    QSqlQuery query = db.run(selectSql(layout, purpose), bound);
+                           const store::RegisterKey& key) {
+    QSqlQuery query = db.run(selectSql(layout), {key.nmuncp, key.nseqnc});
     QList<QVariantList> rows;
     while (query.next()) {
         QVariantList row;
@@ -122,33 +117,30 @@ void Exporter::writeFile(const QString& path, const QByteArray& bytes) {
 }
 
 QVariantList Exporter::registerRow(const store::RegisterKey& key) {
-    const QList<QVariantList> rows = rowsOf(m_db, layout("EMPRS"), key, Purpose::RegisterExport);
+    const QList<QVariantList> rows = rowsOf(m_db, layout("EMPRS"), key);
     if (rows.isEmpty())
         throw ExportFailure(ExportFailure::Reason::NoRegister,
                             QStringLiteral("O posto %1 não está cadastrado.").arg(key.code()));
     return rows.first();
 }
 
-QStringList Exporter::dumpTables(const store::RegisterKey& key, const QString& directory,
-                                 Purpose purpose) {
+QStringList Exporter::dumpTables(const store::RegisterKey& key, const QString& directory) {
     const store::Table& emprs = store::table("EMPRS");
     const QString fkey = fileKey(registerRow(key).value(emprs.indexOf("CCGC")));
     QStringList written;
     try {
         int step = 0;
         for (const TableLayout& l : layouts()) {
-            if (l.fields(purpose) == 0)
-                continue;
-            const QList<QVariantList> rows = rowsOf(m_db, l, key, purpose);
+            const QList<QVariantList> rows = rowsOf(m_db, l, key);
             if (!rows.isEmpty() || l.table->name == "EMPRS") {
                 QByteArray bytes;
                 for (const QVariantList& row : rows)
-                    bytes += recordBytes(l, row, purpose, l.perTableEnd);
+                    bytes += recordBytes(l, row, l.perTableEnd);
                 const QString path = filePath(directory, perTableFileName(l.qname(), fkey));
                 written << path;
                 writeFile(path, bytes);
             }
-            if (l.inJoinedFile && m_progress)
+            if (m_progress)
                 m_progress(++step, tableSteps());
         }
     } catch (const UnencodableText& text) {
@@ -208,7 +200,7 @@ ExportResult Exporter::run(const store::RegisterKey& key, const QString& directo
     result.companyName = row.value(emprs.indexOf("DRAZAOSOCIL")).toString().trimmed();
     result.joinedPath = filePath(directory, joinedFileName(result.fileKey));
 
-    const QStringList written = dumpTables(key, directory, Purpose::RegisterExport);
+    const QStringList written = dumpTables(key, directory);
     // The file and the status succeed or fail together: the status is written first, the file
     // then moves into place, and only then does the status last. A failure of the last step
     // takes the file away again.

@@ -50,11 +50,10 @@ public:
 
     ExportResult run(const store::RegisterKey& key, const QString& directory);
 
-    // The table dump alone: the per-table files of the register in `directory`, for `purpose`.
-    // The EMPRS file is always written, the others only for tables with rows; the dump of an
-    // older database adds the TB_VORpMOVMN file last. Returns the paths written, in order.
-    QStringList dumpTables(const store::RegisterKey& key, const QString& directory,
-                           Purpose purpose);
+    // The table dump alone: the per-table files of the register in `directory`. The EMPRS file
+    // is always written, the others only for tables with rows. Returns the paths written, in
+    // order.
+    QStringList dumpTables(const store::RegisterKey& key, const QString& directory);
 
     // The joiner: the per-table files of `key` found in `directory`, in section order, into
     // `joinedPath`; each file is deleted once joined. A missing file gives no section.

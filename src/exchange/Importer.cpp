@@ -141,7 +141,7 @@ Importer::Stopped::Stopped(QString message)
 
 Importer::Importer(store::Database& db)
     : m_db(db)
-    , m_readers(db, Source::JoinedFile) {}
+    , m_readers(db) {}
 
 Importer::~Importer() {
     if (!m_journalMode.isValid())

@@ -10,7 +10,7 @@ TableLayout plain(const store::Table& t) {
     TableLayout l;
     l.table = &t;
     const int n = int(t.columns.size());
-    l.exportFields = l.dumpFields = l.sectionReaderFields = l.fileReaderFields = n;
+    l.exportFields = l.sectionReaderFields = n;
     return l;
 }
 
@@ -18,12 +18,9 @@ std::vector<TableLayout> build() {
     std::vector<TableLayout> result;
     for (const store::Table* t : store::registerTables()) {
         TableLayout l = plain(*t);
-        if (t->name == "TB_POSTO") {
-            // ALEVNT came with the joined file; the dump of an older database stops before it.
-            l.dumpFields = l.fileReaderFields = l.exportFields - 1;
-        } else if (t->name == "TB_POSTOAREADESCARGA") {
-            // SSEMPAVMN is written last and read by neither reader.
-            l.sectionReaderFields = l.fileReaderFields = l.exportFields - 1;
+        if (t->name == "TB_POSTOAREADESCARGA") {
+            // SSEMPAVMN is written last and not read back.
+            l.sectionReaderFields = l.exportFields - 1;
         } else if (t->name == "TB_POSTOAREATROCAOLEO") {
             l.trailingSeparator = true;
         } else if (t->name == "TB_POSTOBALNCHIDRC") {
@@ -44,12 +41,6 @@ std::vector<TableLayout> build() {
         }
         result.push_back(std::move(l));
     }
-    TableLayout objective = plain(store::table("TB_VORpMOVMN"));
-    objective.exportFields = 0;
-    objective.sectionReaderFields = 0;
-    objective.inJoinedFile = false;
-    objective.sectionHeaderRead = false;
-    result.push_back(std::move(objective));
     return result;
 }
 
@@ -70,10 +61,8 @@ const TableLayout& layout(std::string_view table) {
 
 std::vector<const TableLayout*> joinedSections() {
     std::vector<const TableLayout*> result;
-    for (const TableLayout& l : layouts()) {
-        if (l.inJoinedFile)
-            result.push_back(&l);
-    }
+    for (const TableLayout& l : layouts())
+        result.push_back(&l);
     return result;
 }
 

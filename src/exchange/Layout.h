@@ -12,10 +12,6 @@
 // the plain rule. Writers and readers both work from this one list.
 namespace exchange {
 
-// What a per-table file is written for: the export of one register (the files that are joined
-// and sent to the agency), or the dump of the registers of an older database at start-up.
-enum class Purpose { RegisterExport, DatabaseDump };
-
 // The end of a record.
 enum class RecordEnd {
     Cr,     // per-table files: one carriage return
@@ -26,10 +22,7 @@ enum class RecordEnd {
 struct TableLayout {
     const store::Table* table = nullptr;
     int exportFields = 0;                // fields the export of a register writes
-    int dumpFields = 0;                  // fields the dump of an older database writes; 0: no file
     int sectionReaderFields = 0;         // fields the reader of a joined-file section takes
-    int fileReaderFields = 0;            // fields the reader of a dumped per-table file takes
-    bool inJoinedFile = true;            // has a section in the joined file
     bool sectionHeaderRead = true;       // the readers of the joined file know its header
     bool trailingSeparator = false;      // every line ends in a separator behind its last field
     std::string_view blankKeptColumn;    // a value of exactly one blank is written as one blank
@@ -40,12 +33,9 @@ struct TableLayout {
     std::vector<std::string_view> readerInsertColumns;
 
     QString qname() const { return table->qname(); }
-    int fields(Purpose purpose) const {
-        return purpose == Purpose::RegisterExport ? exportFields : dumpFields;
-    }
 };
 
-// The register tables in the order of the joined file, then TB_VORpMOVMN (dump only).
+// The register tables in the order of the joined file.
 const std::vector<TableLayout>& layouts();
 
 // The layout of one table; throws std::out_of_range for a table that has none.

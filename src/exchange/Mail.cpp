@@ -1,5 +1,7 @@
 #include "exchange/Mail.h"
 
+#include "rules/Formats.h"
+
 #include "exchange/MailPassword.h"
 #include "store/Database.h"
 #include "store/PrivateFiles.h"
@@ -132,9 +134,7 @@ MailObjective mailObjective(const QVariant& imovmn) {
 }
 
 QString maskedCnpj(const QString& key14) {
-    const QString k = key14.rightJustified(14, QLatin1Char('0'));
-    return QStringLiteral("%1.%2.%3/%4-%5")
-        .arg(k.mid(0, 2), k.mid(2, 3), k.mid(5, 3), k.mid(8, 4), k.mid(12, 2));
+    return rules::cnpjText(key14);
 }
 
 MailMessage exportMail(const MailObjective& objective, const QString& companyName,
@@ -251,26 +251,68 @@ std::optional<QString> sendMail(const MailSettings& settings, const MailMessage&
         return std::nullopt;
     const QString detail =
         QString::fromUtf8(errorBuffer[0] ? errorBuffer : curl_easy_strerror(code));
+    return mailFailureText(int(code), detail, settings);
+}
+
+QString mailFailureText(int curlCode, const QString& detail, const MailSettings& settings) {
     const QString host = settings.host.trimmed();
-    switch (code) {
+    // The program's own words first; libcurl's, for whoever looks into it, in parentheses.
+    auto withDetail = [&detail](const QString& text) {
+        return detail.isEmpty() ? text : text + QStringLiteral(" (") + detail + QLatin1Char(')');
+    };
+    switch (CURLcode(curlCode)) {
+    case CURLE_COULDNT_RESOLVE_HOST:
+        return withDetail(
+            QStringLiteral("o servidor de e-mail %1 não foi encontrado. Confira o nome do "
+                           "servidor na configuração do e-mail e a conexão com a internet. Nada "
+                           "foi enviado.")
+                .arg(host));
+    case CURLE_COULDNT_CONNECT:
+        return withDetail(QStringLiteral("não foi possível conectar ao servidor de e-mail %1 na "
+                                         "porta %2. Confira o servidor e a porta na configuração "
+                                         "do e-mail e a conexão com a internet. Nada foi enviado.")
+                              .arg(host)
+                              .arg(settings.port));
+    case CURLE_OPERATION_TIMEDOUT:
+        return withDetail(QStringLiteral("o servidor de e-mail %1 não respondeu a tempo. Tente "
+                                         "de novo mais tarde. Nada foi enviado.")
+                              .arg(host));
     case CURLE_PEER_FAILED_VERIFICATION:
-        return QStringLiteral("o certificado do servidor %1 não pôde ser verificado: ele não é "
-                              "desse servidor, venceu ou não foi emitido por uma autoridade "
-                              "reconhecida. Nada foi enviado. (%2)")
-            .arg(host, detail);
+        return withDetail(
+            QStringLiteral("o certificado do servidor %1 não pôde ser verificado: ele não é "
+                           "desse servidor, venceu ou não foi emitido por uma autoridade "
+                           "reconhecida. Nada foi enviado.")
+                .arg(host));
     case CURLE_SSL_CACERT_BADFILE:
-        return QStringLiteral("o arquivo de autoridades certificadoras %1 não pôde ser lido. Nada "
-                              "foi enviado.")
-            .arg(settings.authorities);
+        return withDetail(QStringLiteral("o arquivo de autoridades certificadoras %1 não pôde ser "
+                                         "lido. Nada foi enviado.")
+                              .arg(settings.authorities));
+    case CURLE_SSL_CONNECT_ERROR:
+        return withDetail(QStringLiteral("a conexão segura (TLS) com o servidor %1 falhou. "
+                                         "Confira a segurança escolhida na configuração do "
+                                         "e-mail. Nada foi enviado.")
+                              .arg(host));
     case CURLE_USE_SSL_FAILED:
-        return QStringLiteral("o servidor %1 não oferece STARTTLS. Escolha SSL/TLS ou outro "
-                              "servidor na configuração do e-mail.")
-            .arg(host);
+        return withDetail(QStringLiteral("o servidor %1 não oferece STARTTLS. Escolha SSL/TLS ou "
+                                         "outro servidor na configuração do e-mail.")
+                              .arg(host));
     case CURLE_LOGIN_DENIED:
-        return QStringLiteral("o servidor %1 recusou o usuário ou a senha.").arg(host);
+        return withDetail(QStringLiteral("o servidor %1 recusou o usuário ou a senha.").arg(host));
     default:
-        return detail;
+        break;
     }
+    // The refusals of the conversation itself come back as a failed send.
+    if (detail.startsWith(QLatin1String("RCPT failed")))
+        return withDetail(QStringLiteral("o servidor %1 recusou o destinatário %2. Confira a "
+                                         "caixa postal do órgão na configuração do e-mail. Nada "
+                                         "foi enviado.")
+                              .arg(host, settings.recipient.trimmed()));
+    if (detail.startsWith(QLatin1String("MAIL failed")))
+        return withDetail(QStringLiteral("o servidor %1 recusou o remetente. Confira o usuário e o "
+                                         "remetente na configuração do e-mail. Nada foi enviado.")
+                              .arg(host));
+    return withDetail(
+        QStringLiteral("o envio pelo servidor %1 falhou. Nada foi enviado.").arg(host));
 }
 
 MailStep::MailStep(store::Database& db, const store::RegisterKey& key, QString companyName,

@@ -73,6 +73,9 @@ std::optional<QString> plainLoginRefusal(const MailSettings& settings);
 // Sends by SMTP, checking the server's certificate; nothing on success, else the description
 // of the failure. Refuses a login over a plain connection before connecting.
 std::optional<QString> sendMail(const MailSettings& settings, const MailMessage& message);
+// The words for a failed send, by libcurl's code and its own text (`detail`), which follows
+// them in parentheses.
+QString mailFailureText(int curlCode, const QString& detail, const MailSettings& settings);
 
 // What the protocol page needs after a successful send.
 struct ProtocolRequest {

@@ -147,17 +147,16 @@ QString valueText(const QVariant& value, ColumnType type) {
 namespace {
 
 // The fields of a row as they are written, before they are joined.
-QStringList recordFields(const TableLayout& layout, const QVariantList& values, Purpose purpose) {
+QStringList recordFields(const TableLayout& layout, const QVariantList& values) {
     const store::Table& table = *layout.table;
-    const int count = layout.fields(purpose);
+    const int count = layout.exportFields;
     QStringList fields;
     fields.reserve(count);
     for (int i = 0; i < count; ++i) {
         const store::Column& column = table.columns[std::size_t(i)];
         const QVariant value = i < values.size() ? values[i] : QVariant();
         QString field;
-        if (purpose == Purpose::RegisterExport && column.name == layout.pointDecimalColumn &&
-            isNumber(value) && !value.isNull()) {
+        if (column.name == layout.pointDecimalColumn && isNumber(value) && !value.isNull()) {
             field = numberValueText(value, QLatin1Char('.'));
         } else {
             field = valueText(value, column.type);
@@ -178,13 +177,11 @@ QString joinedFields(const TableLayout& layout, const QStringList& fields) {
 
 // Throws UnreadableRecord when the readers of the file would not read back what is written:
 // a field cut by the limit of the line, or a field of a typed column that is not of its type.
-void checkReadBack(const TableLayout& layout, const QStringList& fields, Purpose purpose) {
+void checkReadBack(const TableLayout& layout, const QStringList& fields) {
     const store::Table& table = *layout.table;
-    const bool joined = purpose == Purpose::RegisterExport;
-    const int read = std::min<int>(int(fields.size()),
-                                   joined ? layout.sectionReaderFields : layout.fileReaderFields);
-    // The readers take the register's key from elsewhere, and the joined file's AINFRM too.
-    const int fromElsewhere = table.role != store::TableRole::Register ? 0 : joined ? 3 : 2;
+    const int read = std::min<int>(int(fields.size()), layout.sectionReaderFields);
+    // The readers take the register's key and AINFRM from elsewhere.
+    const int fromElsewhere = 3;
     qsizetype end = 0;
     for (int i = 0; i < read; ++i) {
         end += (i > 0 ? 1 : 0) + fields[i].size();
@@ -203,7 +200,7 @@ void checkReadBack(const TableLayout& layout, const QStringList& fields, Purpose
             continue;
         try {
             fieldValue(fields[i].isEmpty() ? QStringLiteral("Null") : fields[i], column,
-                       joined && column.name == layout.pointDecimalColumn, layout.qname());
+                       column.name == layout.pointDecimalColumn, layout.qname());
         } catch (const UnreadableField&) {
             throw UnreadableRecord(UnreadableRecord::Reason::NotOfItsType, layout.qname(),
                                    column.qname(), fields[i]);
@@ -213,8 +210,8 @@ void checkReadBack(const TableLayout& layout, const QStringList& fields, Purpose
 
 } // namespace
 
-QString recordText(const TableLayout& layout, const QVariantList& values, Purpose purpose) {
-    return joinedFields(layout, recordFields(layout, values, purpose));
+QString recordText(const TableLayout& layout, const QVariantList& values) {
+    return joinedFields(layout, recordFields(layout, values));
 }
 
 QByteArray recordEndBytes(RecordEnd end) {
@@ -261,14 +258,13 @@ QString UnreadableRecord::message(const QString& registerCode) const {
         .arg(m_field, m_column, m_table, registerCode);
 }
 
-QByteArray recordBytes(const TableLayout& layout, const QVariantList& values, Purpose purpose,
-                       RecordEnd end) {
-    const QStringList fields = recordFields(layout, values, purpose);
+QByteArray recordBytes(const TableLayout& layout, const QVariantList& values, RecordEnd end) {
+    const QStringList fields = recordFields(layout, values);
     const QString text = joinedFields(layout, fields);
     cp1252::EncodeResult encoded = cp1252::encode(text);
     if (!encoded.ok()) {
         // Find the column that holds the character, for a message the user can act on.
-        const int count = layout.fields(purpose);
+        const int count = layout.exportFields;
         for (int i = 0; i < count && i < values.size(); ++i) {
             const QString value = values[i].toString();
             const cp1252::EncodeResult one = cp1252::encode(value);
@@ -281,7 +277,7 @@ QByteArray recordBytes(const TableLayout& layout, const QVariantList& values, Pu
         }
         throw UnencodableText(layout.qname(), QString(), text.mid(encoded.firstUnmappable, 1));
     }
-    checkReadBack(layout, fields, purpose);
+    checkReadBack(layout, fields);
     encoded.bytes += recordEndBytes(end);
     return encoded.bytes;
 }

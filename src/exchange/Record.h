@@ -23,11 +23,11 @@ QString valueText(const QVariant& value, store::ColumnType type);
 // The shortest text of a number, with `decimalPoint` between the whole and the fraction.
 QString numberText(double value, QChar decimalPoint = QLatin1Char(','));
 
-// The fields of one row joined by the separator, after the table's own rules (the field count
-// of the purpose, trimming, the kept blank, the decimal point, the trailing separator); without
-// the end of the record. `values` hold the table's columns in catalogue order; those behind
-// the purpose's field count are not written.
-QString recordText(const TableLayout& layout, const QVariantList& values, Purpose purpose);
+// The fields of one row joined by the separator, after the table's own rules (the field count,
+// trimming, the kept blank, the decimal point, the trailing separator); without the end of the
+// record. `values` hold the table's columns in catalogue order; those behind the field count
+// are not written.
+QString recordText(const TableLayout& layout, const QVariantList& values);
 
 // The bytes of a record end.
 QByteArray recordEndBytes(RecordEnd end);
@@ -68,7 +68,6 @@ private:
 };
 
 // The record and its end in Windows-1252; throws UnencodableText and UnreadableRecord.
-QByteArray recordBytes(const TableLayout& layout, const QVariantList& values, Purpose purpose,
-                       RecordEnd end);
+QByteArray recordBytes(const TableLayout& layout, const QVariantList& values, RecordEnd end);
 
 } // namespace exchange

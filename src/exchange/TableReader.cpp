@@ -125,10 +125,9 @@ QVariant fieldValue(const QString& field, const store::Column& column, bool poin
     throw unreadable();
 }
 
-TableReader::TableReader(store::Database& db, const TableLayout& layout, Source source)
+TableReader::TableReader(store::Database& db, const TableLayout& layout)
     : m_layout(layout)
-    , m_source(source)
-    , m_fields(source == Source::JoinedFile ? layout.sectionReaderFields : layout.fileReaderFields)
+    , m_fields(layout.sectionReaderFields)
     , m_lookup(db.handle())
     , m_insert(db.handle()) {
     const store::Table& t = *layout.table;
@@ -181,13 +180,12 @@ bool TableReader::readRow(FieldTokeniser& fields, const QString& firstField,
         // The register's key comes from the driver, never from the row.
         if (isRegister && i < 2)
             continue;
-        if (isRegister && i == 2 && column.name == "AINFRM" && m_source == Source::JoinedFile) {
+        if (isRegister && i == 2 && column.name == "AINFRM") {
             values[2] = context.ainfrm.isValid() ? context.ainfrm : store::nullValue();
             continue;
         }
-        const bool pointDecimal =
-            m_source == Source::JoinedFile && column.name == m_layout.pointDecimalColumn;
-        values[std::size_t(i)] = fieldValue(field, column, pointDecimal, table);
+        values[std::size_t(i)] =
+            fieldValue(field, column, column.name == m_layout.pointDecimalColumn, table);
     }
     if (isRegister) {
         values[0] = context.nmuncp;
@@ -208,16 +206,15 @@ bool TableReader::readRow(FieldTokeniser& fields, const QString& firstField,
     return true;
 }
 
-Readers::Readers(store::Database& db, Source source)
-    : m_db(db)
-    , m_source(source) {}
+Readers::Readers(store::Database& db)
+    : m_db(db) {}
 
 Readers::~Readers() = default;
 
 TableReader& Readers::of(const TableLayout& layout) {
     auto& reader = m_readers[&layout];
     if (!reader)
-        reader = std::make_unique<TableReader>(m_db, layout, m_source);
+        reader = std::make_unique<TableReader>(m_db, layout);
     return *reader;
 }
 

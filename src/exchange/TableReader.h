@@ -18,12 +18,8 @@ class Database;
 // catalogue and the exchange layout.
 namespace exchange {
 
-// Which lines a reader reads: the sections of a joined file at the agency, or the per-table
-// files that carry the registers of an older database into a new one.
-enum class Source { JoinedFile, DumpFile };
-
-// The register that the rows of a file go into. The first fields of every row (NMUNCP,
-// NSEQNC and, in the joined file, AINFRM) are never taken from the row itself.
+// The register that the rows of a file go into. The first fields of every row (NMUNCP, NSEQNC
+// and AINFRM) are never taken from the row itself.
 struct RowContext {
     int nmuncp = 0;
     int nseqnc = 0;
@@ -58,7 +54,7 @@ QVariant fieldValue(const QString& field, const store::Column& column, bool poin
 // The reader of one table: its look-up by the table's key and its INSERT, prepared once.
 class TableReader {
 public:
-    TableReader(store::Database& db, const TableLayout& layout, Source source);
+    TableReader(store::Database& db, const TableLayout& layout);
 
     // Reads the row of the line in `fields`, whose first field was taken already. The row is
     // inserted unless the register holds a row with its key already (the first row wins).
@@ -70,7 +66,6 @@ public:
 
 private:
     const TableLayout& m_layout;
-    Source m_source;
     int m_fields = 0;
     std::vector<int> m_keyColumns;    // catalogue indexes of the look-up's columns
     std::vector<int> m_insertColumns; // catalogue indexes, in the INSERT's order
@@ -81,13 +76,12 @@ private:
 // The readers of one database, one per table, made when first needed.
 class Readers {
 public:
-    Readers(store::Database& db, Source source);
+    explicit Readers(store::Database& db);
     ~Readers();
     TableReader& of(const TableLayout& layout);
 
 private:
     store::Database& m_db;
-    Source m_source;
     std::map<const TableLayout*, std::unique_ptr<TableReader>> m_readers;
 };
 

@@ -56,8 +56,6 @@ PumpMaintenance::PumpMaintenance(ui::ScreenHost& host, const PumpFamily& family,
     layOut();
 
     QComboBox* ipropr = m_pump.combo(name("cmbIPROPR"));
-    connect(m_pump.combo(name("cmbitesteestnq")), &QComboBox::activated, this,
-            [this] { m_report.conditionChosen(); });
     connect(ipropr, &QComboBox::activated, this,
             [this, ipropr] { m_fraProp->followOwnerChoice(ipropr); });
     connect(tankList(), &QComboBox::activated, this, &PumpMaintenance::tankChosen);
@@ -111,21 +109,8 @@ void PumpMaintenance::declarePump() {
                 .required = "Preenchimento Obrigatório do Tipo do Filtro",
                 .dictionary = "Select NFILTRO, DFILTRO From DICNRFILTRO Order By NFILTRO"},
                frame);
-    m_pump.add({.name = "cmbitesteestnq",
-                .label = "Laudo de Integridade",
-                .kind = FieldKind::Codes,
-                .column = "ITESTEESTNQ",
-                .required = "Preenchimento Obrigatório da condição do Último Laudo de Integridade",
-                .leave = [this] { return m_report.leaveCheck(m_report.condition); }},
-               frame);
-    m_pump.add({.name = "mskATESTEESTNQ",
-                .label = "Data do Laudo de Integridade",
-                .kind = FieldKind::Date,
-                .column = "ATESTEESTNQ",
-                .required = "Preenchimento Obrigatório da Data do Último Laudo de Integridade",
-                .applies = [this] { return m_report.date->isEnabled(); },
-                .leave = [this] { return m_report.leaveCheck(m_report.date); }},
-               frame);
+    m_laudo =
+        m_report.declare(m_pump, frame, QString(), QStringLiteral("Data do Laudo de Integridade"));
     m_pump.add({.name = "cmbIPROPR",
                 .label = "Proprietário",
                 .kind = FieldKind::Codes,
@@ -137,8 +122,8 @@ void PumpMaintenance::declarePump() {
                 }},
                frame);
     m_picNBOMBA = ui::keyBox(name("picNBOMBA"), m_pump.widget(name("txtNBOMBA")), frame);
-    m_report = {m_pump.edit(name("mskAINSTL")), m_pump.combo(name("cmbitesteestnq")),
-                m_pump.edit(name("mskATESTEESTNQ")), m_pump.widget(name("cmbIPROPR"))};
+    m_report.installed = m_pump.edit(name("mskAINSTL"));
+    m_report.next = m_pump.widget(name("cmbIPROPR"));
 }
 
 // The link's fields in the order of their validation.
@@ -186,24 +171,13 @@ void PumpMaintenance::declareLink() {
 }
 
 void PumpMaintenance::layOut() {
-    auto* laudo = new QGroupBox(m_fraBomba);
-    auto* laudoLayout = new QHBoxLayout(laudo);
-    for (const char* n : {"cmbitesteestnq", "mskATESTEESTNQ"}) {
-        m_pump.widget(name(n))->setParent(laudo);
-        m_pump.label(name(n))->setParent(laudo);
-    }
-    m_pump.label(name("cmbitesteestnq"))->hide(); // the report's condition speaks for itself
-    laudoLayout->addWidget(m_pump.widget(name("cmbitesteestnq")));
-    laudoLayout->addWidget(m_pump.label(name("mskATESTEESTNQ")));
-    laudoLayout->addWidget(m_pump.widget(name("mskATESTEESTNQ")));
-    laudoLayout->addStretch(1);
     auto* pump = new QGridLayout(m_fraBomba);
     m_pump.place(pump, 0, 0, name("txtNBOMBA"));
     m_pump.place(pump, 0, 2, name("txtNIDENT"));
     m_pump.place(pump, 0, 4, name("mskAINSTL"));
     m_pump.place(pump, 1, 0, name("cmbNVALVLRETNC"));
     m_pump.place(pump, 1, 2, name("cmbNFILTRO"));
-    pump->addWidget(laudo, 2, 0, 1, 6);
+    pump->addWidget(m_laudo, 2, 0, 1, 6);
     m_pump.place(pump, 3, 0, name("cmbIPROPR"));
     pump->setColumnStretch(6, 1);
     QLineEdit* number = m_pump.edit(name("txtNBOMBA"));
@@ -216,7 +190,6 @@ void PumpMaintenance::layOut() {
         ident->fontMetrics().horizontalAdvance(QString(m_family.identLength, QLatin1Char('N'))) +
         16);
     m_pump.edit(name("mskAINSTL"))->setMaximumWidth(100);
-    m_pump.edit(name("mskATESTEESTNQ"))->setMaximumWidth(100);
     // The identification comes first in the block's tab order, the number after it.
     const QList<QWidget*> order = {ident,
                                    number,

@@ -60,6 +60,7 @@ private:
     QWidget* m_picNBOMBA = nullptr;
     QWidget* m_picNTANQU = nullptr;
     QWidget* m_picNCOMPR = nullptr;
+    QWidget* m_laudo = nullptr; // the integrity report's frame
     ui::IntegrityReport m_report;
     ui::OwnerPanel* m_fraProp = nullptr;
     // The mark: the pump already has a link, so a new one must hold the same fuel, and a new

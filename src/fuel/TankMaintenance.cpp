@@ -50,9 +50,7 @@ TankMaintenance::TankMaintenance(ui::ScreenHost& host, const TankFamily& family,
         new ui::OwnerPanel(host.database(), "TB_POSTOTANQUPROPR", m_family.ownerTexts, this);
     layOut();
 
-    QComboBox* teste = m_tank.combo(QStringLiteral("cmbitesteestnq"));
     QComboBox* ipropr = m_tank.combo(QStringLiteral("cmbIPROPR"));
-    connect(teste, &QComboBox::activated, this, [this] { m_report.conditionChosen(); });
     connect(ipropr, &QComboBox::activated, this,
             [this, ipropr] { m_fraProp->followOwnerChoice(ipropr); });
     if (m_family.fixedMaterials)
@@ -162,21 +160,8 @@ void TankMaintenance::declareTank() {
                     return {};
                 }},
                frame);
-    m_tank.add({.name = "cmbitesteestnq",
-                .label = "Laudo de Integridade",
-                .kind = FieldKind::Codes,
-                .column = "ITESTEESTNQ",
-                .required = "Preenchimento Obrigatório da condição do Último Laudo de Integridade",
-                .leave = [this] { return m_report.leaveCheck(m_report.condition); }},
-               frame);
-    m_tank.add({.name = "mskATESTEESTNQ",
-                .label = "Data do Último Laudo de Integridade",
-                .kind = FieldKind::Date,
-                .column = "ATESTEESTNQ",
-                .required = "Preenchimento Obrigatório da Data do Último Laudo de Integridade",
-                .applies = [this] { return m_report.date->isEnabled(); },
-                .leave = [this] { return m_report.leaveCheck(m_report.date); }},
-               frame);
+    m_laudo = m_report.declare(m_tank, frame, f.tankWord,
+                               QStringLiteral("Data do Último Laudo de Integridade"));
     m_tank.add({.name = "cmbIPROPR",
                 .label = "Proprietário",
                 .kind = FieldKind::Codes,
@@ -195,9 +180,8 @@ void TankMaintenance::declareTank() {
                frame);
     m_picNTANQU =
         ui::keyBox(QStringLiteral("picNTANQU"), m_tank.widget(QStringLiteral("txtNTANQU")), frame);
-    m_report = {
-        m_tank.edit(QStringLiteral("mskAINSTL")), m_tank.combo(QStringLiteral("cmbitesteestnq")),
-        m_tank.edit(QStringLiteral("mskATESTEESTNQ")), m_tank.widget(QStringLiteral("cmbIPROPR"))};
+    m_report.installed = m_tank.edit(QStringLiteral("mskAINSTL"));
+    m_report.next = m_tank.widget(QStringLiteral("cmbIPROPR"));
 }
 
 void TankMaintenance::declareCompartment() {
@@ -278,17 +262,7 @@ void TankMaintenance::layOut() {
         tank->addWidget(m_picDMATRLOUTRO, 1, 4, 1, 2);
     if (m_family.hasBase)
         m_tank.place(tank, row, 2, name("cmbNBASE"));
-    auto* laudo = new QGroupBox(m_family.tankWord, m_fraTanque);
-    auto* laudoLayout = new QHBoxLayout(laudo);
-    m_tank.widget(name("cmbitesteestnq"))->setParent(laudo);
-    m_tank.widget(name("mskATESTEESTNQ"))->setParent(laudo);
-    m_tank.label(name("mskATESTEESTNQ"))->setParent(laudo);
-    m_tank.label(name("cmbitesteestnq"))->hide(); // the frame's caption names the condition
-    laudoLayout->addWidget(m_tank.widget(name("cmbitesteestnq")));
-    laudoLayout->addWidget(m_tank.label(name("mskATESTEESTNQ")));
-    laudoLayout->addWidget(m_tank.widget(name("mskATESTEESTNQ")));
-    laudoLayout->addStretch(1);
-    tank->addWidget(laudo, row + 1, 0, 1, 6);
+    tank->addWidget(m_laudo, row + 1, 0, 1, 6);
     m_tank.place(tank, row + 2, 0, name("cmbIPROPR"));
     m_tank.place(tank, row + 2, 2, name("cmbISITCA"));
     tank->setColumnStretch(3, 1);
@@ -297,7 +271,6 @@ void TankMaintenance::layOut() {
     m_tank.edit(name("txtNTANQU"))->setAlignment(Qt::AlignCenter);
     m_tank.edit(name("txtNIDENT"))->setAlignment(Qt::AlignCenter);
     m_tank.edit(name("mskAINSTL"))->setMaximumWidth(100);
-    m_tank.edit(name("mskATESTEESTNQ"))->setMaximumWidth(100);
     // The tab order of the block follows the validation's order, whatever the grid's.
     const QList<QWidget*> order = m_tank.widgets();
     for (qsizetype i = 1; i < order.size(); ++i)

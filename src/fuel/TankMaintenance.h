@@ -55,6 +55,7 @@ private:
     QWidget* m_picNTANQU = nullptr;
     QWidget* m_picNCOMPR = nullptr;
     QWidget* m_picDMATRLOUTRO = nullptr;
+    QWidget* m_laudo = nullptr;   // the integrity report's frame
     ui::IntegrityReport m_report; // the installation date and the integrity report
     ui::OwnerPanel* m_fraProp = nullptr;
     // QCOMPRT as stored when the tank was opened for a change.

@@ -90,10 +90,6 @@ Format municipality(std::string_view ownName = {}) {
 
 // ---- code lists of the screens ---------------------------------------------------------
 
-const Labels kOwner = {{"P", "Proprietário"}, {"D", "Distribuidora"}, {"O", "Outros"}};
-const Labels kSituation = {{"A", "Em Uso"}, {"D", "Desativado"}};
-const Labels kIntegrityReport = {
-    {"R", "Realizado"}, {"NR", "Não Realizado"}, {"ND", "Não Disponível"}};
 // The captions of a code list of the screens, which the memorial prints as they are offered.
 Labels listed(std::string_view list) {
     Labels labels;
@@ -102,13 +98,10 @@ Labels listed(std::string_view list) {
     return labels;
 }
 
-// The captions of a code list of the screens, where the memorial prints the same words.
-Labels listed(std::string_view list) {
-    Labels labels;
-    for (const store::Code& code : store::codeList(list))
-        labels.emplace_back(code.code.toString(), code.label);
-    return labels;
-}
+const Labels kOwner = listed("IPROPR");
+const Labels kSituation = listed("ISITCA");
+const Labels kIntegrityReport = listed("ITESTEESTNQ");
+
 // The zone of the activity; a row that the characteristics screen has not completed yet ("N")
 // prints no zone.
 Labels zones() {
@@ -210,8 +203,8 @@ Layout tanks(std::string_view id, const Words& w, bool others) {
         fields.push_back(
             f("Tipo de Material", "NMATRL", dictionary("DICNRMATRLTANQU", "NMATRL", "DMATRL")));
     } else {
-        fields.push_back(f("Tipo", "IPOSCA", map({{"H", "Horizontal"}, {"V", "Vertical"}})));
-        fields.push_back(f("Material", "NMATRL", map({{"10", "Aço"}, {"9", "Outros"}})));
+        fields.push_back(f("Tipo", "IPOSCA", map(listed("IPOSCA"))));
+        fields.push_back(f("Material", "NMATRL", map(listed("NMATRL.AEREO"))));
         fields.push_back(f("Material - Outros", "DMATRLOUTRO"));
         fields.push_back(f("Tipo de Base", "NBASE", dictionary("DICNRBASE", "NBASE", "DBASE")));
     }
@@ -257,7 +250,7 @@ Layout pumps(std::string_view id, const Words& w, bool others) {
              f(w.tankNo, "NTANQU"),
              f("Nº Compartimento", "NCOMPR"),
              f("Material da Linha", "NMATRL", dictionary("DICNRMATRLTANQU", "NMATRL", "DMATRL")),
-             f("Tipo da Linha", "ILINHA", map({{"S", "Sucção"}, {"P", "Pressurizada"}})),
+             f("Tipo da Linha", "ILINHA", map(listed("ILINHA"))),
          },
          {"ITANQU", "NBOMBA"},
          {},
@@ -497,11 +490,7 @@ Layout identification() {
          {},
          {},
          {
-             f("Tipo de Empreendimento", "IESTBL",
-               map({{"R", "Posto Revendedor"},
-                    {"I", "Instalação de Sistema Retalhista"},
-                    {"A", "Posto de Abastecimento"},
-                    {"F", "Posto Flutuante"}})),
+             f("Tipo de Empreendimento", "IESTBL", map(listed("IESTBL"))),
              f("Bandeira", "DBANDR"),
              f("REG. ANP Atual", "NANP"),
              f("REG. ANP Anterior", "NANPANTRR"),

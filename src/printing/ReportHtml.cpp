@@ -32,28 +32,6 @@ bool isEmpty(const QVariant& value) {
     return !value.isValid() || value.isNull() || value.toString().trimmed().isEmpty();
 }
 
-QString digits(const QVariant& value) {
-    if (value.typeId() == QMetaType::Double)
-        return QString::number(qlonglong(value.toDouble()));
-    QString text = value.toString().trimmed();
-    text.remove(QRegularExpression(QStringLiteral("[^0-9]")));
-    return text;
-}
-
-// Lays the digits into a pattern where each '@' stands for one digit, filling from the right
-// as the exchange format's numbers lose their leading zeros.
-QString applyMask(const QString& pattern, QString number) {
-    const qsizetype places = pattern.count(QLatin1Char('@'));
-    if (number.size() > places)
-        return number;
-    number = number.rightJustified(places, QLatin1Char('0'));
-    QString out;
-    qsizetype next = 0;
-    for (QChar c : pattern)
-        out += c == QLatin1Char('@') ? number.at(next++) : c;
-    return out;
-}
-
 QString plain(const QVariant& value) {
     if (value.typeId() == QMetaType::Double)
         return brazil().toString(value.toDouble(), 'f', QLocale::FloatingPointShortest);
@@ -260,24 +238,21 @@ QString formatValue(store::Database& db, const Format& format, const QVariant& v
     case Kind::ZeroBlank:
         return value.toLongLong() == 0 ? QString() : plain(value);
     case Kind::Cep:
-        return applyMask(QStringLiteral("@@@@@-@@@"), digits(value));
+        return rules::cepText(value);
     case Kind::Cnpj:
-        return applyMask(QStringLiteral("@@.@@@.@@@/@@@@-@@"), digits(value));
-    case Kind::CpfCnpj: {
-        const QString number = digits(value);
-        return number.size() <= 11 ? applyMask(QStringLiteral("@@@.@@@.@@@-@@"), number)
-                                   : applyMask(QStringLiteral("@@.@@@.@@@/@@@@-@@"), number);
-    }
+        return rules::cnpjText(value);
+    case Kind::CpfCnpj:
+        return rules::cpfCnpjText(value);
     case Kind::Phone: {
-        const QString number = phoneNumber(digits(value));
+        const QString number = phoneNumber(rules::digitsOf(value));
         const QVariant area = format.extra.empty() ? QVariant() : row.value(q(format.extra));
         if (isEmpty(area) || area.toLongLong() == 0)
             return number;
-        return QStringLiteral("(%1) %2").arg(digits(area).rightJustified(3, QLatin1Char('0')),
-                                             number);
+        return QStringLiteral("(%1) %2").arg(
+            rules::digitsOf(area).rightJustified(3, QLatin1Char('0')), number);
     }
     case Kind::Mask:
-        return applyMask(format.mask, digits(value));
+        return rules::maskDigits(format.mask, rules::digitsOf(value));
     case Kind::YesNo:
     case Kind::Ticked:
         break;

@@ -14,6 +14,8 @@ bool isDigit(QChar c) {
 
 bool isLineBreak(QChar c) {
     switch (c.unicode()) {
+    // A tab splits a line as a break does, and the exchange file holds no tab either.
+    case u'\t':
     case u'\n':
     case u'\r':
     case u'\v':

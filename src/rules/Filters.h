@@ -89,7 +89,8 @@ QString trimSpaces(const QString& text);
 // (the way the screens read "the numeric value" of a field: "12ab" is 12, "" is 0).
 double val(const QString& text);
 
-// A one-line text field never holds the exchange file's separator "¬" nor a line break.
+// A one-line text field never holds the exchange file's separator "¬" nor a line break; a
+// pasted line break or tab becomes one blank.
 bool cabeNaLinha(QChar c);
 QString limpaLinha(const QString& text);
 

@@ -21,9 +21,11 @@ const QString kDirectoryKey = QStringLiteral("export/directory");
 
 ui::ExportRunOutcome exportRegister(store::Database& db, const store::RegisterKey& key,
                                     const QString& directory,
-                                    const std::function<void(int, int)>& progress) {
+                                    const std::function<void(int, int)>& progress,
+                                    const std::function<void()>& written) {
     ui::ExportRunOptions options;
     options.progress = progress;
+    options.written = written;
     options.printProtocol = [&db, directory](const exchange::ProtocolRequest& request) {
         // The receipt goes beside the joined file; printProtocol reports its own failure.
         const QString pdf =
@@ -129,10 +131,13 @@ void ExportPanel::listFiles() {
 void ExportPanel::exportNow() {
     m_wait->show();
     m_export->setEnabled(false);
-    exportRegister(m_db, m_key, directory(), [this](int step, int steps) {
-        m_bar->setMaximum(steps);
-        m_bar->setValue(step);
-    });
+    exportRegister(
+        m_db, m_key, directory(),
+        [this](int step, int steps) {
+            m_bar->setMaximum(steps);
+            m_bar->setValue(step);
+        },
+        [this] { m_wait->hide(); });
     m_wait->hide();
     m_bar->setValue(0);
     m_export->setEnabled(true);

@@ -22,7 +22,8 @@ namespace shell {
 // printed and saved as PDF beside the joined file.
 ui::ExportRunOutcome exportRegister(store::Database& db, const store::RegisterKey& key,
                                     const QString& directory,
-                                    const std::function<void(int, int)>& progress = {});
+                                    const std::function<void(int, int)>& progress = {},
+                                    const std::function<void()>& written = {});
 
 // The folder that the last export went to (the user's home folder the first time), and its keeper.
 QString lastExportDirectory();

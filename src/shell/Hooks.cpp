@@ -38,10 +38,13 @@ Hooks firstHooks() {
         progress.setWindowTitle(ui::kTitle);
         progress.setWindowModality(Qt::WindowModal);
         progress.setMinimumDuration(0);
-        exportRegister(frame.database(), key, *directory, [&progress](int step, int steps) {
-            progress.setMaximum(steps);
-            progress.setValue(step);
-        });
+        exportRegister(
+            frame.database(), key, *directory,
+            [&progress](int step, int steps) {
+                progress.setMaximum(steps);
+                progress.setValue(step);
+            },
+            [&progress] { progress.hide(); });
     };
     h.printRegister = [](QuestionnaireFrame& frame, ui::Session&, const store::RegisterKey& key) {
         ui::printMemorial(frame.database(), key, ui::PrintDestination::Printer, &frame);

@@ -234,7 +234,10 @@ void MainWindow::build() {
         column->addWidget(entry);
     }
     column->addSpacing(10);
-    auto* version = paragraph(m_column, "Label18", QStringLiteral("Versão 1.5"));
+    // The program's version has one source, the project's; the screen shows its first two parts.
+    auto* version = paragraph(m_column, "Label18",
+                              QStringLiteral("Versão ") +
+                                  QStringLiteral(VOR_VERSION).section(QLatin1Char('.'), 0, 1));
     version->setStyleSheet(QStringLiteral("color: #555;"));
     column->addWidget(version);
 
@@ -298,7 +301,11 @@ QWidget* MainWindow::panel(Panel which) const {
 }
 
 void MainWindow::showPanel(Panel which) {
-    m_pages->setCurrentWidget(panel(which));
+    QWidget* page = panel(which);
+    m_pages->setCurrentWidget(page);
+    // A panel that showed itself before it became the current page kept the size it had when
+    // hidden; the stack sizes only the page it brings up, so it is sized here.
+    page->setGeometry(m_pages->contentsRect());
 }
 
 void MainWindow::showText() {

@@ -1,5 +1,7 @@
 #include "shell/RegisterListData.h"
 
+#include "rules/Formats.h"
+
 #include "store/Database.h"
 #include "store/SqlValues.h"
 #include "store/TableCatalogue.h"
@@ -47,12 +49,7 @@ QString statusWord(const QVariant& csitu) {
 }
 
 QString cnpjText(const QVariant& ccgc) {
-    if (ccgc.isNull() || ccgc.toString().trimmed().isEmpty())
-        return {};
-    const QString digits = QStringLiteral("%1").arg(ccgc.toLongLong(), 14, 10, QLatin1Char('0'));
-    return QStringLiteral("%1.%2.%3/%4-%5")
-        .arg(digits.mid(0, 2), digits.mid(2, 3), digits.mid(5, 3), digits.mid(8, 4),
-             digits.mid(12, 2));
+    return rules::cnpjText(ccgc);
 }
 
 void excluirDados(store::Database& db, const store::RegisterKey& key) {

@@ -5,6 +5,7 @@
 #include "ui/ErrorRoutine.h"
 #include "ui/FieldSet.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
@@ -26,6 +27,10 @@ Check EditScreen::leaveCheck(QWidget* /*field*/) {
 
 bool EditScreen::outsideFields(const QWidget* /*widget*/) const {
     return false;
+}
+
+bool EditScreen::isLeaving(const QWidget* /*next*/) const {
+    return true;
 }
 
 QList<QWidget*> EditScreen::watchedFields() const {
@@ -74,7 +79,8 @@ void EditScreen::takeSnapshot() {
 }
 
 void EditScreen::verifyChange() {
-    if (!tracksChanges())
+    // Before the first snapshot the fields are still being filled on entry.
+    if (!tracksChanges() || !m_snapshotTaken)
         return;
     m_retratoAtual = composeSnapshot();
     changeShown(m_retratoAtual != m_retratoInicial);
@@ -97,10 +103,13 @@ bool EditScreen::runLeaveCheck(QWidget* field) {
 }
 
 bool EditScreen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusOut && !m_inLeaveCheck) {
+    if (event->type() == QEvent::FocusIn) {
+        m_lastField = static_cast<QWidget*>(watched);
+    } else if (event->type() == QEvent::FocusOut && !m_inLeaveCheck) {
         const auto reason = static_cast<QFocusEvent*>(event)->reason();
         // The window losing the focus to a message box or a popup is no leaving of the field.
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+            isLeaving(QApplication::focusWidget()))
             runLeaveCheck(static_cast<QWidget*>(watched));
     }
     return Screen::eventFilter(watched, event);
@@ -110,6 +119,10 @@ bool EditScreen::leaveFocusedField() {
     QWidget* field = focusWidget();
     if (field && qobject_cast<QComboBox*>(field->parentWidget()))
         field = field->parentWidget();
+    // The focus went on to a button that does not count as leaving: the field it came from is
+    // still being left now.
+    if (m_lastField && field && !isLeaving(field))
+        field = m_lastField;
     if (!field || !watchedFields().contains(field))
         return true;
     return runLeaveCheck(field);
@@ -122,7 +135,10 @@ bool EditScreen::save() {
     if (!runGuarded([&] { refused = validate(); }))
         return false;
     if (refused) {
+        // The focus going back to the refused field leaves no other field.
+        m_inLeaveCheck = true;
         showRefusal(*refused, this);
+        m_inLeaveCheck = false;
         return false;
     }
     BusyCursor busy;

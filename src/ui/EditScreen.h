@@ -49,6 +49,11 @@ protected:
     virtual bool tracksChanges() const { return true; }
     // Where the watched fields are not looked for (the header band).
     virtual bool outsideFields(const QWidget* widget) const;
+    // Whether the focus going to `next` leaves the field; a screen whose buttons check the field
+    // themselves says no for them.
+    virtual bool isLeaving(const QWidget* next) const;
+    // The text that tells whether anything was changed; by default the snapshot fields' texts.
+    virtual QString composeSnapshot() const;
 
     // The fields whose leaving runs leaveCheck and the change check: every line edit, combo box,
     // text box, check box and option button of the screen, found when the screen is entered.
@@ -67,13 +72,13 @@ protected:
 
 private:
     void buttonToggled();
-    QString composeSnapshot() const;
     bool runLeaveCheck(QWidget* field);
 
     store::Database& m_db;
     Session& m_session;
     bool m_inLeaveCheck = false;
     bool m_snapshotTaken = false;
+    QWidget* m_lastField = nullptr; // the watched field that had the focus last
     QString m_retratoInicial;
     QString m_retratoAtual;
 };

@@ -64,6 +64,10 @@ ExportRunOutcome runExportWithQuestions(store::Database& db, const store::Regist
             options.progress(step, steps);
     };
     progress(0);
+    auto over = [&] {
+        if (options.written)
+            options.written();
+    };
 
     WaitCursor cursor;
     exchange::ExportResult result;
@@ -74,11 +78,13 @@ ExportRunOutcome runExportWithQuestions(store::Database& db, const store::Regist
     } catch (const exchange::ExportFailure& failure) {
         cursor.reset();
         progress(0);
+        over();
         dialogs().message(kTitle, failure.message(), Icon::Critical);
         return outcome;
     } catch (const store::Failure& failure) {
         cursor.reset();
         progress(0);
+        over();
         reportFailure(failure);
         return outcome;
     }
@@ -87,6 +93,7 @@ ExportRunOutcome runExportWithQuestions(store::Database& db, const store::Regist
 
     progress(steps);
     cursor.reset();
+    over();
     runGuarded([&] {
         exchange::MailStep step(db, key, result.companyName, result.fileKey, result.joinedPath);
         if (!dialogs().ask(kTitle, step.question(), Icon::Question, false))
@@ -111,6 +118,10 @@ ExportRunOutcome runExportWithQuestions(store::Database& db, const store::Regist
             return;
         }
         outcome.mailed = true;
+        dialogs().message(
+            kTitle,
+            QStringLiteral("E-mail enviado com sucesso para %1.").arg(settings.recipient.trimmed()),
+            Icon::Information);
         if (sent.protocol && options.printProtocol) {
             if (const auto error = options.printProtocol(*sent.protocol))
                 dialogs().message(

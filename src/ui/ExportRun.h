@@ -25,6 +25,9 @@ inline const QString kExportWaitText =
 struct ExportRunOptions {
     // The progress bar: one step per table, one more for the mail step; `steps` is the total.
     std::function<void(int step, int steps)> progress;
+    // The writing of the files is over, done or failed: the wait text goes before any message
+    // or question comes up.
+    std::function<void()> written;
     // Prints the protocol page after a send, when the objective wants one; empty: none.
     exchange::ProtocolPrinter printProtocol;
     // The mail settings; the program's own settings when empty.

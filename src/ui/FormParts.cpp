@@ -1,13 +1,16 @@
 #include "ui/FormParts.h"
 
 #include "store/Database.h"
+#include "ui/FieldSet.h"
 #include "ui/FieldSupport.h"
 
 #include <QComboBox>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSqlQuery>
 
 namespace ui {
@@ -16,6 +19,13 @@ QLineEdit* lineEdit(const QString& name, QWidget* parent) {
     auto* edit = new QLineEdit(parent);
     edit->setObjectName(name);
     return edit;
+}
+
+QPushButton* editButton(const QString& name, const QString& caption, QWidget* parent) {
+    auto* b = new QPushButton(caption, parent);
+    b->setObjectName(name);
+    b->setFocusPolicy(Qt::TabFocus);
+    return b;
 }
 
 QComboBox* comboBox(const QString& name, QWidget* parent) {
@@ -103,6 +113,38 @@ void IntegrityReport::conditionChosen() const {
     clearMasked(date);
     next->setFocus(Qt::OtherFocusReason);
     date->setEnabled(false);
+}
+
+QWidget* IntegrityReport::declare(FieldSet& set, QWidget* parent, const QString& frameTitle,
+                                  const QString& dateLabel) {
+    auto* box = new QGroupBox(frameTitle, parent);
+    set.add({.name = "cmbitesteestnq",
+             .label = "Laudo de Integridade",
+             .kind = FieldKind::Codes,
+             .column = "ITESTEESTNQ",
+             .required = "Preenchimento Obrigatório da condição do Último Laudo de Integridade",
+             .leave = [this] { return leaveCheck(condition); }},
+            box);
+    set.add({.name = "mskATESTEESTNQ",
+             .label = dateLabel,
+             .kind = FieldKind::Date,
+             .column = "ATESTEESTNQ",
+             .required = "Preenchimento Obrigatório da Data do Último Laudo de Integridade",
+             .applies = [this] { return date->isEnabled(); },
+             .leave = [this] { return leaveCheck(date); }},
+            box);
+    condition = set.combo(QStringLiteral("cmbitesteestnq"));
+    date = set.edit(QStringLiteral("mskATESTEESTNQ"));
+    date->setMaximumWidth(100);
+    // The frame's caption and the condition's own words name it: its label stays unseen.
+    set.label(QStringLiteral("cmbitesteestnq"))->hide();
+    auto* layout = new QHBoxLayout(box);
+    layout->addWidget(condition);
+    layout->addWidget(set.label(QStringLiteral("mskATESTEESTNQ")));
+    layout->addWidget(date);
+    layout->addStretch(1);
+    QObject::connect(condition, &QComboBox::activated, box, [this] { conditionChosen(); });
+    return box;
 }
 
 void IntegrityReport::showStored(const store::Row& row, bool changing) const {

@@ -11,6 +11,7 @@
 class QComboBox;
 class QGridLayout;
 class QLineEdit;
+class QPushButton;
 class QWidget;
 
 namespace store {
@@ -20,7 +21,12 @@ class Database;
 // The building blocks of the screens' forms.
 namespace ui {
 
+class FieldSet;
+
 QLineEdit* lineEdit(const QString& name, QWidget* parent);
+// A button of an edit screen (cmdOk, cmdCancelar, ...). A click leaves the field where it is,
+// so that Ok runs the field's own checks first, as leaving it would.
+QPushButton* editButton(const QString& name, const QString& caption, QWidget* parent);
 QComboBox* comboBox(const QString& name, QWidget* parent);
 
 // A fixed list: the texts shown, the codes stored as the items' data.
@@ -50,6 +56,10 @@ struct IntegrityReport {
     Check leaveCheck(QWidget* field) const;
     // A report made opens its date; any other condition empties the date and closes it.
     void conditionChosen() const;
+    // Declares the report's condition (cmbitesteestnq) and date (mskATESTEESTNQ) in `set`, bound
+    // to this report, and returns the frame that holds them.
+    QWidget* declare(FieldSet& set, QWidget* parent, const QString& frameTitle,
+                     const QString& dateLabel);
     // Shows the condition of a stored row (its date is loaded with the row): a report with a
     // date was made, whatever its stored condition says; without a date it is "Não Realizado"
     // only when stored so, and on a change its date stays closed.

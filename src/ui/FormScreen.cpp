@@ -2,6 +2,7 @@
 
 #include "ui/BusyCursor.h"
 #include "ui/ErrorRoutine.h"
+#include "ui/FormParts.h"
 #include "ui/HeaderBand.h"
 #include "ui/Session.h"
 
@@ -11,18 +12,6 @@
 #include <QVBoxLayout>
 
 namespace ui {
-
-namespace {
-
-QPushButton* button(const QString& name, const QString& caption, QWidget* parent) {
-    auto* b = new QPushButton(caption, parent);
-    b->setObjectName(name);
-    // A click leaves the field where it is, so that cmdOk runs the field's own checks first.
-    b->setFocusPolicy(Qt::TabFocus);
-    return b;
-}
-
-} // namespace
 
 FormScreen::FormScreen(ScreenHost& host, Sequence::Place place, QWidget* parent)
     : EditScreen(host.database(), host.session(), parent)
@@ -39,16 +28,16 @@ FormScreen::FormScreen(ScreenHost& host, Sequence::Place place, QWidget* parent)
     auto* operations = new QGroupBox(QStringLiteral("Operação"), this);
     operations->setObjectName(QStringLiteral("fraOperacao"));
     m_operationButtons = new QHBoxLayout(operations);
-    m_incluir = button(QStringLiteral("cmdIncluir"), QStringLiteral("&Incluir"), operations);
-    m_alterar = button(QStringLiteral("cmdAlterar"), QStringLiteral("&Alterar"), operations);
-    m_ok = button(QStringLiteral("cmdOk"), QStringLiteral("&Ok"), operations);
-    m_cancelar = button(QStringLiteral("cmdCancelar"), QStringLiteral("&Cancelar"), operations);
+    m_incluir = editButton(QStringLiteral("cmdIncluir"), QStringLiteral("&Incluir"), operations);
+    m_alterar = editButton(QStringLiteral("cmdAlterar"), QStringLiteral("&Alterar"), operations);
+    m_ok = editButton(QStringLiteral("cmdOk"), QStringLiteral("&Ok"), operations);
+    m_cancelar = editButton(QStringLiteral("cmdCancelar"), QStringLiteral("&Cancelar"), operations);
     for (QPushButton* b : {m_incluir, m_alterar, m_ok, m_cancelar})
         m_operationButtons->addWidget(b);
     bottom->addWidget(operations);
     bottom->addStretch(1);
-    m_voltar = button(QStringLiteral("cmdVoltar"), QStringLiteral("&Voltar"), this);
-    m_continuar = button(QStringLiteral("cmdContinuar"), QStringLiteral("&Continuar"), this);
+    m_voltar = editButton(QStringLiteral("cmdVoltar"), QStringLiteral("&Voltar"), this);
+    m_continuar = editButton(QStringLiteral("cmdContinuar"), QStringLiteral("&Continuar"), this);
     m_continuar->setDefault(true);
     bottom->addWidget(m_voltar);
     bottom->addWidget(m_continuar);
@@ -63,8 +52,8 @@ FormScreen::FormScreen(ScreenHost& host, Sequence::Place place, QWidget* parent)
 }
 
 QPushButton* FormScreen::addExcluir() {
-    m_excluir =
-        button(QStringLiteral("cmdExcluir"), QStringLiteral("&Excluir"), m_alterar->parentWidget());
+    m_excluir = editButton(QStringLiteral("cmdExcluir"), QStringLiteral("&Excluir"),
+                           m_alterar->parentWidget());
     m_operationButtons->insertWidget(m_operationButtons->indexOf(m_alterar) + 1, m_excluir);
     connect(m_excluir, &QPushButton::clicked, this, &FormScreen::remove);
     return m_excluir;

@@ -60,13 +60,6 @@ QString shownValue(const QVariant& value, const GridColumn& column) {
 
 } // namespace
 
-QHash<QString, QString> codeLabels(std::string_view list) {
-    QHash<QString, QString> labels;
-    for (const store::Code& code : store::codeList(list))
-        labels.insert(code.code.toString(), code.label);
-    return labels;
-}
-
 ListScreen::ListScreen(ScreenHost& host, ListDefinition definition, QWidget* parent)
     : Screen(parent)
     , m_host(host)

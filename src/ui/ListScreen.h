@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/FieldSet.h"
 #include "ui/Refusal.h"
 #include "ui/ScreenHost.h"
 
@@ -50,9 +51,6 @@ struct GridColumn {
     // Stored code to the label that the grid shows instead; empty for a column shown as stored.
     QHash<QString, QString> labels;
 };
-
-// The captions of a code list (store/CodeLists) by code, for a grid column that shows them.
-QHash<QString, QString> codeLabels(std::string_view list);
 
 // The selected rows of the list's grids as they are shown (labels, dates dd/MM/yyyy): what a
 // maintenance screen starts from. Beside them the values as the query gave them, codes before

@@ -2,6 +2,7 @@
 
 #include "ui/BusyCursor.h"
 #include "ui/ErrorRoutine.h"
+#include "ui/FormParts.h"
 #include "ui/HeaderBand.h"
 #include "ui/Session.h"
 
@@ -10,19 +11,6 @@
 #include <QVBoxLayout>
 
 namespace ui {
-
-namespace {
-
-QPushButton* button(const QString& name, const QString& caption, QWidget* parent) {
-    auto* b = new QPushButton(caption, parent);
-    b->setObjectName(name);
-    // A click leaves the field where it is, so that cmdOk runs the field's own checks first,
-    // as leaving it would.
-    b->setFocusPolicy(Qt::TabFocus);
-    return b;
-}
-
-} // namespace
 
 MaintenanceScreen::MaintenanceScreen(ScreenHost& host, QString listName,
                                      QList<Operation> operations, QWidget* parent)
@@ -38,9 +26,9 @@ MaintenanceScreen::MaintenanceScreen(ScreenHost& host, QString listName,
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    m_ok = button(QStringLiteral("cmdOk"), QStringLiteral("&Ok"), this);
-    m_cancelar = button(QStringLiteral("cmdCancelar"), QStringLiteral("&Cancelar"), this);
-    m_fechar = button(QStringLiteral("cmdFechar"), QStringLiteral("&Fechar"), this);
+    m_ok = editButton(QStringLiteral("cmdOk"), QStringLiteral("&Ok"), this);
+    m_cancelar = editButton(QStringLiteral("cmdCancelar"), QStringLiteral("&Cancelar"), this);
+    m_fechar = editButton(QStringLiteral("cmdFechar"), QStringLiteral("&Fechar"), this);
     buttons->addWidget(m_ok);
     buttons->addWidget(m_cancelar);
     buttons->addWidget(m_fechar);

@@ -121,6 +121,9 @@ private slots:
         const Run run = vor({QStringLiteral("--version")});
         QCOMPARE(run.exitCode, 0);
         QVERIFY(run.out.contains(QStringLiteral(VOR_VERSION)));
+        // The program's own version line: 1.5, with the third part for its releases.
+        QVERIFY2(QStringLiteral(VOR_VERSION).startsWith(QLatin1String("1.5.")),
+                 qPrintable(run.out));
     }
 };
 

@@ -399,32 +399,6 @@ private slots:
             QCOMPARE(failure.message(), QStringLiteral("O posto 0010001 não está cadastrado."));
         }
     }
-
-    void theDumpOfAnOlderDatabase() {
-        testsupport::TestEnvironment env;
-        store::Database db(env.newDatabasePath());
-        load(db, QStringLiteral("full_register.sql"));
-        const QString dir = env.path(QString());
-        const QStringList files = Exporter(db).dumpTables(kFull, dir, Purpose::DatabaseDump);
-        QCOMPARE(files.size(), 42);
-        QVERIFY(files.last().endsWith(QStringLiteral("/TB_VORpMOVMN_12345678000195.TXT")));
-        QCOMPARE(readAll(files.last()), QByteArray("C\xac"
-                                                   "14/03/2003 10:00:00\xacNull\r"));
-        QCOMPARE(readAll(dir + QStringLiteral("/TB_POSTOCOMRCSERVC_12345678000195.TXT")),
-                 QByteArray("100\xac"
-                            "3\xac"
-                            "14/03/2003\xac"
-                            "2\xacNull\r"
-                            "100\xac"
-                            "3\xac"
-                            "14/03/2003\xac"
-                            "9\xacOficina\r"));
-        QVERIFY(readAll(dir + QStringLiteral("/TB_POSTO_12345678000195.TXT"))
-                    .endsWith("\xac"
-                              "05/01/1998\r"));
-        QVERIFY(readAll(dir + QStringLiteral("/SUGESTOES_12345678000195.TXT")).endsWith("\r\r\n"));
-        QCOMPARE(csitu(db, kFull).toInt(), 1);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestExport)

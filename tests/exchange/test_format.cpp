@@ -108,75 +108,58 @@ private slots:
 
     void recordsFollowTheirTablesRules_data() {
         QTest::addColumn<QString>("table");
-        QTest::addColumn<int>("purpose");
         QTest::addColumn<QVariantList>("values");
         QTest::addColumn<QString>("record");
-        const int exportP = int(Purpose::RegisterExport);
-        const int dumpP = int(Purpose::DatabaseDump);
         QTest::newRow("worked example, row 1")
-            << "TB_POSTOCOMRCSERVC" << exportP << row({100, 3, "2003-03-14", 2, QVariant()})
+            << "TB_POSTOCOMRCSERVC" << row({100, 3, "2003-03-14", 2, QVariant()})
             << "100¬3¬14/03/2003¬2¬Null";
         QTest::newRow("worked example, movement")
-            << "TB_POSTOMOVMN" << exportP
-            << row({100, 3, "2003-03-14", 101, 1, QVariant(), 1200.5, 1})
+            << "TB_POSTOMOVMN" << row({100, 3, "2003-03-14", 101, 1, QVariant(), 1200.5, 1})
             << "100¬3¬14/03/2003¬101¬1¬Null¬1200,5¬1";
         QTest::newRow("trimmed, empty text is nothing")
-            << "TB_POSTOCOMRCSERVC" << exportP << row({100, 3, "2003-03-14", 2, "  "})
+            << "TB_POSTOCOMRCSERVC" << row({100, 3, "2003-03-14", 2, "  "})
             << "100¬3¬14/03/2003¬2¬";
         QTest::newRow("trailing separator")
-            << "TB_POSTOAREATROCAOLEO" << exportP << row({1, 2, "2003-03-14", 0, -1, 0, 0, 0, 0})
+            << "TB_POSTOAREATROCAOLEO" << row({1, 2, "2003-03-14", 0, -1, 0, 0, 0, 0})
             << "1¬2¬14/03/2003¬0¬-1¬0¬0¬0¬0¬";
-        QTest::newRow("one blank kept") << "TB_POSTOBALNCHIDRC" << exportP
-                                        << row({1, 2, "2003-03-14", "R", 1, " ", 10.5, QVariant()})
-                                        << "1¬2¬14/03/2003¬R¬1¬ ¬10,5¬Null";
+        QTest::newRow("one blank kept")
+            << "TB_POSTOBALNCHIDRC" << row({1, 2, "2003-03-14", "R", 1, " ", 10.5, QVariant()})
+            << "1¬2¬14/03/2003¬R¬1¬ ¬10,5¬Null";
         QTest::newRow("two blanks trimmed")
-            << "TB_POSTOBALNCHIDRC" << exportP
-            << row({1, 2, "2003-03-14", "R", 1, "  ", 10.5, QVariant()})
+            << "TB_POSTOBALNCHIDRC" << row({1, 2, "2003-03-14", "R", 1, "  ", 10.5, QVariant()})
             << "1¬2¬14/03/2003¬R¬1¬¬10,5¬Null";
         QTest::newRow("other blank columns trimmed")
-            << "TB_POSTOBALNCHIDRC" << exportP
-            << row({1, 2, "2003-03-14", " ", 1, " x ", 10.5, QVariant()})
+            << "TB_POSTOBALNCHIDRC" << row({1, 2, "2003-03-14", " ", 1, " x ", 10.5, QVariant()})
             << "1¬2¬14/03/2003¬¬1¬x¬10,5¬Null";
         QTest::newRow("effluent with a point")
-            << "TB_POSTOEFLNTLIQDO" << exportP << row({1, 2, "2003-03-14", "L", 1234.5, 2, 3})
+            << "TB_POSTOEFLNTLIQDO" << row({1, 2, "2003-03-14", "L", 1234.5, 2, 3})
             << "1¬2¬14/03/2003¬L¬1234.5¬2¬3";
-        QTest::newRow("effluent in the dump")
-            << "TB_POSTOEFLNTLIQDO" << dumpP << row({1, 2, "2003-03-14", "L", 1234.5, 2, 3})
-            << "1¬2¬14/03/2003¬L¬1234,5¬2¬3";
         QTest::newRow("effluent null")
-            << "TB_POSTOEFLNTLIQDO" << exportP << row({1, 2, "2003-03-14", "L", QVariant(), 2, 3})
+            << "TB_POSTOEFLNTLIQDO" << row({1, 2, "2003-03-14", "L", QVariant(), 2, 3})
             << "1¬2¬14/03/2003¬L¬Null¬2¬3";
         const QVariantList posto =
             row({1, 2, "2003-03-14", "U",        "B", "1", "2", 3,   1.5,          2.0,         3.0,
                  4, 5, "06:00:00",   "22:00:00", 16,  30,  360, "R", "1998-01-05", "2003-02-28"});
         QTest::newRow("station with ALEVNT")
-            << "TB_POSTO" << exportP << posto
+            << "TB_POSTO" << posto
             << "1¬2¬14/03/2003¬U¬B¬1¬2¬3¬1,5¬2¬3¬4¬5¬06:00:00¬22:00:00¬16¬30¬360¬R¬05/01/1998¬"
                "28/02/2003";
-        QTest::newRow("station in the dump, without")
-            << "TB_POSTO" << dumpP << posto
-            << "1¬2¬14/03/2003¬U¬B¬1¬2¬3¬1,5¬2¬3¬4¬5¬06:00:00¬22:00:00¬16¬30¬360¬R¬05/01/1998";
-        QTest::newRow("objective in the dump")
-            << "TB_VORpMOVMN" << dumpP << row({"LF", "2003-03-14 10:00:00", QVariant()})
-            << "LF¬14/03/2003 10:00:00¬Null";
         QTest::newRow("missing values are Null")
-            << "TB_POSTOBACIARESRV" << exportP << row({1, 2}) << "1¬2¬Null¬Null¬Null¬Null";
+            << "TB_POSTOBACIARESRV" << row({1, 2}) << "1¬2¬Null¬Null¬Null¬Null";
     }
     void recordsFollowTheirTablesRules() {
         QFETCH(QString, table);
-        QFETCH(int, purpose);
         QFETCH(QVariantList, values);
         QFETCH(QString, record);
         const TableLayout& l = layout(table.toStdString());
-        QCOMPARE(recordText(l, values, Purpose(purpose)), record);
+        QCOMPARE(recordText(l, values), record);
     }
 
     void recordEndsAndBytes() {
         const TableLayout& l = layout("SUGESTOES");
         QCOMPARE(l.perTableEnd, RecordEnd::CrCrLf);
         QCOMPARE(layout("EMPRS").perTableEnd, RecordEnd::Cr);
-        QCOMPARE(recordBytes(l, row({100, 3, "Posto", "Mais prazo", 1}), Purpose::RegisterExport,
-                             l.perTableEnd),
+        QCOMPARE(recordBytes(l, row({100, 3, "Posto", "Mais prazo", 1}), l.perTableEnd),
                  QByteArray("100\xac"
                             "3\xacPosto\xacMais prazo\xac"
                             "1\r\r\n"));
@@ -185,8 +168,7 @@ private slots:
     void aCharacterOutsideTheCodePageIsRefusedByName() {
         const TableLayout& l = layout("TB_POSTOCOMRCSERVC");
         try {
-            recordBytes(l, row({100, 3, "2003-03-14", 9, "Loja 😀"}), Purpose::RegisterExport,
-                        RecordEnd::Cr);
+            recordBytes(l, row({100, 3, "2003-03-14", 9, "Loja 😀"}), RecordEnd::Cr);
             QFAIL("no refusal");
         } catch (const UnencodableText& e) {
             QCOMPARE(e.table(), QStringLiteral("TB_POSTOCOMRCSERVC"));
@@ -253,9 +235,6 @@ private slots:
         QCOMPARE(sections, expected);
         QCOMPARE(joinedSections().size(), std::size_t(41));
         QCOMPARE(layout("TB_POSTOAREADESCARGA").exportFields, 11);
-        QCOMPARE(layout("TB_POSTO").dumpFields, 20);
-        QCOMPARE(layout("TB_VORpMOVMN").dumpFields, 3);
-        QCOMPARE(layout("TB_VORpMOVMN").inJoinedFile, false);
         // The readers pair TB_POSTOTANQU's fields with every one of its columns.
         const TableLayout& tanks = layout("TB_POSTOTANQU");
         QCOMPARE(int(tanks.readerInsertColumns.size()) + 3, tanks.sectionReaderFields);
@@ -328,8 +307,8 @@ private slots:
         const TableLayout& l = layout("TB_POSTORUIDO");
         const QVariantList values =
             row({100, 3, "2003-03-14", "C", "Ruído\r\nalto ¬ ", 85.5, "07:00", "19:00:00", ""});
-        LineReader reader(recordBytes(l, values, Purpose::RegisterExport, RecordEnd::Cr) +
-                          recordBytes(l, values, Purpose::RegisterExport, RecordEnd::Cr));
+        LineReader reader(recordBytes(l, values, RecordEnd::Cr) +
+                          recordBytes(l, values, RecordEnd::Cr));
         for (int i = 0; i < 2; ++i) {
             FieldTokeniser t(reader.nextLine());
             QCOMPARE(t.take(10), (QStringList{"100", "3", "14/03/2003", "C", "Ruído alto", "85,5",

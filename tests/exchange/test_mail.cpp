@@ -23,6 +23,7 @@
 #include <QSpinBox>
 #include <QSysInfo>
 #include <QTest>
+#include <curl/curl.h>
 
 using namespace exchange;
 
@@ -338,9 +339,15 @@ private slots:
                  QStringLiteral("Exportação Concluída. Enviar por e-mail?"));
         QCOMPARE(dialogs.shown()[0].title, QStringLiteral("VOR"));
         QCOMPARE(dialogs.shown()[0].icon, ui::Icon::Question);
-        QVERIFY(
-            dialogs.last().text.startsWith(QStringLiteral("Um erro ocorreu durante a emissão: ")));
-        QVERIFY(dialogs.last().text.size() > 40);
+        // The program's words first, libcurl's after them.
+        const QString said = dialogs.last().text;
+        QVERIFY2(said.startsWith(QStringLiteral("Um erro ocorreu durante a emissão: não foi "
+                                                "possível conectar ao servidor de e-mail "
+                                                "127.0.0.1 na porta %1.")
+                                     .arg(options.mail->port)),
+                 qPrintable(said));
+        QVERIFY2(said.endsWith(QLatin1Char(')')) && said.contains(QLatin1String("(Failed")),
+                 qPrintable(said));
         QCOMPARE(csitu(db).toInt(), 2);
         QVERIFY(QFile::exists(outcome.joinedPath));
     }
@@ -384,10 +391,14 @@ private slots:
             QVERIFY(outcome.mailed);
             QCOMPARE(csitu(db).toInt(), 3);
             QVERIFY(printed && !printed->resent);
-            // The protocol's failure is told with its code.
-            QCOMPARE(
-                dialogs.last().text,
-                QStringLiteral("Durante a emissão ocorreu um erro com o seguinte código: 20504"));
+            // The send says so; the protocol's failure is told with its code.
+            QCOMPARE(dialogs.texts(),
+                     QStringList({QStringLiteral("Exportação Concluída. Enviar por e-mail?"),
+                                  QStringLiteral("E-mail enviado com sucesso para %1.")
+                                      .arg(options.mail->recipient),
+                                  QStringLiteral("Durante a emissão ocorreu um erro com o "
+                                                 "seguinte código: 20504")}));
+            QCOMPARE(dialogs.shown()[1].icon, ui::Icon::Information);
         }
         {
             testsupport::ScriptedDialogs dialogs;
@@ -583,10 +594,53 @@ private slots:
         dialogs.answer(true);
         const ui::ExportRunOutcome outcome = ui::runExportWithQuestions(db, {100, 3}, dir);
         QVERIFY2(outcome.mailed, qPrintable(dialogs.texts().join(QLatin1Char('\n'))));
-        QCOMPARE(dialogs.shown().size(), 1); // the question only: the keyring knew the password
+        // The question and the word of success only: the keyring knew the password.
+        QCOMPARE(dialogs.shown().size(), 2);
+        QVERIFY(dialogs.last().text.startsWith(QStringLiteral("E-mail enviado com sucesso")));
         QCOMPARE(server.messages().size(), 1);
         QCOMPARE(csitu(db).toInt(), 3);
         QVERIFY(!readAll(file).contains(kPassword.toUtf8()));
+    }
+
+    // Each failure a user meets in the program's words, libcurl's own text after them.
+    void failuresInPortuguese_data() {
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QString>("detail");
+        QTest::addColumn<QString>("start");
+        QTest::newRow("no such server")
+            << int(CURLE_COULDNT_RESOLVE_HOST) << "Could not resolve host: smtp.x"
+            << "o servidor de e-mail smtp.exemplo.com.br não foi encontrado.";
+        QTest::newRow("no connection") << int(CURLE_COULDNT_CONNECT) << "Failed to connect"
+                                       << "não foi possível conectar ao servidor de e-mail "
+                                          "smtp.exemplo.com.br na porta 2525.";
+        QTest::newRow("timeout") << int(CURLE_OPERATION_TIMEDOUT) << "Operation timed out"
+                                 << "o servidor de e-mail smtp.exemplo.com.br não respondeu a "
+                                    "tempo.";
+        QTest::newRow("login") << int(CURLE_LOGIN_DENIED) << "Login denied"
+                               << "o servidor smtp.exemplo.com.br recusou o usuário ou a senha.";
+        QTest::newRow("recipient") << int(CURLE_SEND_ERROR) << "RCPT failed: 550"
+                                   << "o servidor smtp.exemplo.com.br recusou o destinatário "
+                                      "orgao@zantor.gov.br.";
+        QTest::newRow("sender") << int(CURLE_SEND_ERROR) << "MAIL failed: 553"
+                                << "o servidor smtp.exemplo.com.br recusou o remetente.";
+        QTest::newRow("tls") << int(CURLE_SSL_CONNECT_ERROR) << "SSL connect error"
+                             << "a conexão segura (TLS) com o servidor smtp.exemplo.com.br "
+                                "falhou.";
+        QTest::newRow("anything else") << int(CURLE_RECV_ERROR) << "Failure when receiving"
+                                       << "o envio pelo servidor smtp.exemplo.com.br falhou.";
+    }
+    void failuresInPortuguese() {
+        QFETCH(int, code);
+        QFETCH(QString, detail);
+        QFETCH(QString, start);
+        MailSettings s;
+        s.host = QStringLiteral(" smtp.exemplo.com.br ");
+        s.port = 2525;
+        s.recipient = QStringLiteral("orgao@zantor.gov.br");
+        const QString text = mailFailureText(code, detail, s);
+        QVERIFY2(text.startsWith(start), qPrintable(text));
+        QVERIFY2(text.endsWith(QStringLiteral("(") + detail + QStringLiteral(")")),
+                 qPrintable(text));
     }
 
     void certificateAndLoginFailuresNameTheServer_data() {
@@ -655,13 +709,16 @@ private slots:
             dialogs.answer(true);
             dialogs.type(kPassword);
             QVERIFY(ui::runExportWithQuestions(db, {100, 3}, dir).mailed);
-            QCOMPARE(dialogs.last().text, prompt);
+            QCOMPARE(dialogs.shown().at(1).text, prompt);
         }
         {
+            // Asked once a session: the next send asks nothing but the question.
             testsupport::ScriptedDialogs dialogs;
             dialogs.answer(true);
             QVERIFY(ui::runExportWithQuestions(db, {100, 3}, dir).mailed);
-            QCOMPARE(dialogs.shown().size(), 1);
+            QCOMPARE(dialogs.shown().size(), 2);
+            QCOMPARE(dialogs.shown().first().kind,
+                     testsupport::ScriptedDialogs::Shown::Kind::Question);
         }
         QCOMPARE(server.messages().size(), 2);
         QVERIFY(!readAll(QSettings().fileName()).contains(kPassword.toUtf8()));

@@ -5,6 +5,7 @@
 #include "fuel/FuelScreens.h"
 #include "support/Rows.h"
 #include "support/ScreenDriver.h"
+#include "support/Seeds.h"
 #include "ui/FieldBehaviour.h"
 
 #include <QComboBox>
@@ -14,20 +15,10 @@
 
 namespace {
 
-using testsupport::insertRow;
-
 const char* const kTanks = "TB_POSTOTANQU";
 const char* const kCompartments = "TB_POSTOTANQUCOMPR";
 const char* const kPumps = "TB_POSTOBOMBA";
 const char* const kLinks = "TB_POSTOBOMBATANQU";
-
-QVariantMap keyed(const QString& itanqu, QVariantMap values) {
-    values.insert(QStringLiteral("NMUNCP"), 100);
-    values.insert(QStringLiteral("NSEQNC"), 1);
-    values.insert(QStringLiteral("AINFRM"), QStringLiteral("2024-01-10"));
-    values.insert(QStringLiteral("ITANQU"), itanqu);
-    return values;
-}
 
 // The names of one family's pair of screens.
 struct Family {
@@ -50,6 +41,12 @@ class TestFuelRoundTrips : public QObject, private testsupport::ScreenDriver {
     Family m_family;
 
     bool above() const { return m_family.itanqu == QLatin1String("A"); }
+
+    // A row of the family on register 100/1.
+    void seed(const char* table, store::Row values) {
+        values.insert(QStringLiteral("ITANQU"), m_family.itanqu);
+        testsupport::seedRow(db(), table, testsupport::onRegister(std::move(values)));
+    }
 
     // A tank with every column the screens write, and its compartments, which differ in every
     // column from each other.
@@ -74,28 +71,26 @@ class TestFuelRoundTrips : public QObject, private testsupport::ScreenDriver {
                             {"ISITCA", "A"}};
         for (auto it = more.begin(); it != more.end(); ++it)
             tank.insert(it.key(), it.value());
-        insertRow(db(), kTanks, keyed(m_family.itanqu, tank));
+        seed(kTanks, tank);
         for (int c = 1; c <= compartments; ++c) {
-            insertRow(db(), kCompartments,
-                      keyed(m_family.itanqu, {{"NTANQU", ntanqu},
-                                              {"NCOMPR", c},
-                                              {"NBOCACARRG", c == 1 ? 3 : 2},
-                                              {"QCAPCD", 10 + c},
-                                              {"NCOMBS", c == 1 ? 112 : 101},
-                                              {"QRESPRALTRA", 3 + c},
-                                              {"QRESPRDISTCRECPT", c == 1 ? 2.5 : 6.0}}));
+            seed(kCompartments, {{"NTANQU", ntanqu},
+                                 {"NCOMPR", c},
+                                 {"NBOCACARRG", c == 1 ? 3 : 2},
+                                 {"QCAPCD", 10 + c},
+                                 {"NCOMBS", c == 1 ? 112 : 101},
+                                 {"QRESPRALTRA", 3 + c},
+                                 {"QRESPRDISTCRECPT", c == 1 ? 2.5 : 6.0}});
         }
         if (ipropr == QLatin1String("O")) {
-            insertRow(db(), "TB_POSTOTANQUPROPR",
-                      keyed(m_family.itanqu, {{"NTANQU", ntanqu},
-                                              {"DRAZAOSOCIL", "DONO SA"},
-                                              {"DCONTT", "JOSE"},
-                                              {"DLOGRD", "RUA A"},
-                                              {"NLOGRD", 10},
-                                              {"CCEP", 1310100},
-                                              {"NMUNCPDISTRFORNC", 100},
-                                              {"NDDD", 11},
-                                              {"NTELFN", 33334444}}));
+            seed("TB_POSTOTANQUPROPR", {{"NTANQU", ntanqu},
+                                        {"DRAZAOSOCIL", "DONO SA"},
+                                        {"DCONTT", "JOSE"},
+                                        {"DLOGRD", "RUA A"},
+                                        {"NLOGRD", 10},
+                                        {"CCEP", 1310100},
+                                        {"NMUNCPDISTRFORNC", 100},
+                                        {"NDDD", 11},
+                                        {"NTELFN", 33334444}});
         }
     }
 
@@ -108,28 +103,26 @@ class TestFuelRoundTrips : public QObject, private testsupport::ScreenDriver {
             {"IPROPR", ipropr}};
         for (auto it = more.begin(); it != more.end(); ++it)
             pump.insert(it.key(), it.value());
-        insertRow(db(), kPumps, keyed(m_family.itanqu, pump));
+        seed(kPumps, pump);
         if (ipropr == QLatin1String("O")) {
-            insertRow(db(), "TB_POSTOBOMBAPROPR",
-                      keyed(m_family.itanqu, {{"NBOMBA", nbomba},
-                                              {"DRAZAOSOCIL", "DONO SA"},
-                                              {"DCONTT", "JOSE"},
-                                              {"DLOGRD", "RUA A"},
-                                              {"NLOGRD", 10},
-                                              {"CCEP", 1310100},
-                                              {"NMUNCPDISTRFORNC", 100},
-                                              {"NDDD", 11},
-                                              {"NTELFN", 33334444}}));
+            seed("TB_POSTOBOMBAPROPR", {{"NBOMBA", nbomba},
+                                        {"DRAZAOSOCIL", "DONO SA"},
+                                        {"DCONTT", "JOSE"},
+                                        {"DLOGRD", "RUA A"},
+                                        {"NLOGRD", 10},
+                                        {"CCEP", 1310100},
+                                        {"NMUNCPDISTRFORNC", 100},
+                                        {"NDDD", 11},
+                                        {"NTELFN", 33334444}});
         }
     }
 
     void seedLink(int nbomba, int ntanqu, int ncompr) {
-        insertRow(db(), kLinks,
-                  keyed(m_family.itanqu, {{"NBOMBA", nbomba},
-                                          {"NTANQU", ntanqu},
-                                          {"NCOMPR", ncompr},
-                                          {"NMATRL", 13},
-                                          {"ILINHA", above() ? QVariant() : QVariant("P")}}));
+        seed(kLinks, {{"NBOMBA", nbomba},
+                      {"NTANQU", ntanqu},
+                      {"NCOMPR", ncompr},
+                      {"NMATRL", 13},
+                      {"ILINHA", above() ? QVariant() : QVariant("P")}});
     }
 
     // Every row of the family in `table`, whole.

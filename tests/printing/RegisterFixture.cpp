@@ -1,8 +1,26 @@
 #include "RegisterFixture.h"
 
 #include "store/Database.h"
+#include "store/TableCatalogue.h"
+
+#include <QStringList>
 
 namespace testsupport {
+
+void insertRow(store::Database& db, const char* table, const QVariantMap& values) {
+    const store::Table& t = store::table(table);
+    QStringList columns;
+    QStringList marks;
+    QVariantList bound;
+    for (auto it = values.begin(); it != values.end(); ++it) {
+        columns << t.column(it.key().toStdString()).qname();
+        marks << QStringLiteral("?");
+        bound << it.value();
+    }
+    db.run(QStringLiteral("INSERT INTO \"%1\" (%2) VALUES (%3)")
+               .arg(t.qname(), columns.join(QLatin1Char(',')), marks.join(QLatin1Char(','))),
+           bound);
+}
 
 namespace {
 

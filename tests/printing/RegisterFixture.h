@@ -1,7 +1,6 @@
 #pragma once
 
 #include "store/RegisterKey.h"
-#include "support/Rows.h"
 
 #include <QString>
 #include <QVariantMap>
@@ -11,6 +10,9 @@ class Database;
 }
 
 namespace testsupport {
+
+// Inserts one row with bound values; the column names are checked against the catalogue.
+void insertRow(store::Database& db, const char* table, const QVariantMap& values);
 
 // The establishment alone: EMPRS and a TB_POSTO row that the general characteristics screen
 // has not completed yet.

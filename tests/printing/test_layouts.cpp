@@ -49,7 +49,8 @@ const std::vector<CodeList>& codeLists() {
         {nullptr, "ITESTEESTNQ", nullptr, {"R", "NR", "ND"}},
         {"TB_POSTOTANQU", "SSISTMPROTC", nullptr, {"S", "N"}},
         {"TB_POSTOTANQU", "IPROTC", "S", {"A", "C", "O"}},
-        {"TB_POSTOTANQU", "IPROTC", "A", {"P", "R", "O"}},
+        // An aboveground tank "Sem proteção" stores S, which its report prints back.
+        {"TB_POSTOTANQU", "IPROTC", "A", {"P", "R", "O", "S"}},
         {"TB_POSTOTANQU", "IFREQNMANTN", nullptr, {"D", "S", "Q", "M", "B", "E", "A"}},
         {"TB_POSTOTANQU", "IPOSCA", nullptr, {"H", "V"}},
         {"TB_POSTOTANQU", "NMATRL", nullptr, {}, "DICNRMATRLTANQU", "NMATRL"},

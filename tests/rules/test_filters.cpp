@@ -225,8 +225,10 @@ private slots:
                                                 << "A B";
         QTest::newRow("quote stays") << "D'AVILA"
                                      << "D'AVILA";
-        QTest::newRow("tab stays") << "A\tB"
-                                   << "A\tB";
+        QTest::newRow("tab is a blank") << "A\tB"
+                                        << "A B";
+        QTest::newRow("tabs of a pasted table") << "POSTO\t\tRUA A\r\n"
+                                                << "POSTO  RUA A ";
     }
 
     void oneLine() {

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStackedWidget>
+#include <QTableWidget>
 #include <QTest>
 #include <QTimer>
 
@@ -170,6 +171,24 @@ private slots:
         QTest::mouseClick(entry(&window, "lblGerco"), Qt::LeftButton);
         QCOMPARE(pages->currentWidget()->objectName(), QStringLiteral("Frame1"));
         QCOMPARE(dialogs.shown().size(), 3);
+
+        // The suggestions panel comes up whole, with its text and buttons, at once.
+        QTest::mouseClick(entry(&window, "lblSugestoes"), Qt::LeftButton);
+        pages->currentWidget()->findChild<QTableWidget*>()->selectRow(0);
+        pages->currentWidget()->findChild<QPushButton*>(QStringLiteral("Command2"))->click();
+        QCoreApplication::processEvents();
+        QWidget* suggestions = pages->currentWidget();
+        QCOMPARE(suggestions->objectName(), QStringLiteral("PnAviso(1)"));
+        testsupport::saveScreenshot(window, QStringLiteral("main-suggestions"));
+        QCOMPARE(suggestions->geometry(), pages->contentsRect());
+        auto* typed = suggestions->findChild<QWidget*>(QStringLiteral("Text1"));
+        QVERIFY(typed->isVisible() && typed->height() > 60);
+        for (const char* name : {"cmdInsere", "cmdExcluir", "cmdTelaPrincipal"}) {
+            auto* b = suggestions->findChild<QPushButton*>(QLatin1String(name));
+            QVERIFY2(b->isVisible(), name);
+            const QRect shown(b->mapTo(&window, QPoint()), b->size());
+            QVERIFY2(window.rect().contains(shown), name);
+        }
     }
 
     void importNeedsTheAccessCode_data() {

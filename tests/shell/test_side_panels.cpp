@@ -195,7 +195,15 @@ private slots:
         QCOMPARE(files->count(), 1);
 
         dialogs.answer(false); // no mail
+        // The wait text is gone by the time the question comes up.
+        panel.show();
+        QStringList waitShown;
+        dialogs.watch([&](const testsupport::ScriptedDialogs::Shown& shown) {
+            if (child<QLabel>(panel, "lblAvisoExportacao")->isVisible())
+                waitShown << shown.text;
+        });
         child<QPushButton>(panel, "cmdExportar")->click();
+        QCOMPARE(waitShown, QStringList());
         QCOMPARE(dialogs.texts(), QStringList{"Exportação Concluída. Enviar por e-mail?"});
         QVERIFY(QFile::exists(
             QDir(target.path()).filePath(QStringLiteral("REUNIDO_11222333000181.TXT"))));

@@ -9,10 +9,6 @@
 
 namespace testsupport {
 
-void insertRow(store::Database& db, const char* table, const QVariantMap& values) {
-    store::insertRow(db, table, values);
-}
-
 QStringList rowsOf(store::Database& db, const char* table, const QString& where,
                    const QVariantList& values) {
     const store::Table& t = store::table(table);

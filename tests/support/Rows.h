@@ -9,9 +9,6 @@ class Database;
 
 namespace testsupport {
 
-// Inserts one row with bound values; the column names are checked against the catalogue.
-void insertRow(store::Database& db, const char* table, const QVariantMap& values);
-
 // Every column of the rows of `table` that `where` selects (bound: `values`), in the
 // catalogue's order, as "COLUMN=value" with "COLUMN=Null" for a Null, between "; "; one line
 // per row.

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QQueue>
 #include <QString>
+#include <functional>
 
 namespace testsupport {
 
@@ -25,6 +26,8 @@ public:
 
     void answer(bool yes) { m_answers.enqueue(yes); }
     void type(const std::optional<QString>& text) { m_inputs.enqueue(text); }
+    // Called as each dialog comes up, to look at the screens behind it at that moment.
+    void watch(std::function<void(const Shown&)> watcher) { m_watch = std::move(watcher); }
 
     const QList<Shown>& shown() const { return m_shown; }
     QStringList texts() const;
@@ -40,6 +43,7 @@ private:
     QList<Shown> m_shown;
     QQueue<bool> m_answers;
     QQueue<std::optional<QString>> m_inputs;
+    std::function<void(const Shown&)> m_watch;
     ui::DialogsOverride m_override;
 };
 

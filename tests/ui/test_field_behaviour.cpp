@@ -87,6 +87,8 @@ private slots:
                                << "RUA A N 5";
         QTest::newRow("quote, as typed") << "D'AVILA"
                                          << "D`AVILA";
+        QTest::newRow("tab") << "RUA A\tN 5"
+                             << "RUA A N 5";
     }
 
     void pasteIntoFreeText() {
