@@ -19,9 +19,10 @@ void addKindList(const KindFamily& family) {
 } // namespace
 
 void registerScreens() {
-    ui::ScreenRegistry::instance().add(
-        QStringLiteral("frmPostoConsmAgua"),
-        [](ui::ScreenHost& host, const ui::Sequence::Place&) { return new WaterList(host); });
+    ui::ScreenRegistry::instance().add(QStringLiteral("frmPostoConsmAgua"),
+                                       [](ui::ScreenHost& host, const ui::Sequence::Place&) {
+                                           return new ui::ListScreen(host, waterList());
+                                       });
     addKindList(effluents());
     addKindList(waste());
     addKindList(airEmissions());

@@ -13,13 +13,6 @@ using Kind = ui::GridColumn::Kind;
 using ui::FieldKind;
 using Rule = KindField::Rule;
 
-// A decimal as the grids show it: two places behind the comma, no grouping of thousands.
-QString decimalShown(const QString& column) {
-    return QStringLiteral("Case When %1 Is Null Then Null"
-                          " Else replace(printf('%.2f', %1), '.', ',') End")
-        .arg(column);
-}
-
 KindFamily makeEffluents() {
     KindFamily f;
     f.listName = QStringLiteral("frmPostoEflntLiqdo");
@@ -59,21 +52,21 @@ KindFamily makeEffluents() {
               "Select NDISPSFINAL, DDISPSFINAL From DICNRDISPSFINAL order by DDISPSFINAL")}},
     };
     f.columns = {
-        {QStringLiteral("Tipo"), 150, Kind::Text, captionsOf(f.kindList)},
-        {QStringLiteral("Quantidade"), 90},
+        {QStringLiteral("Tipo"), 150, Kind::Text, ui::codeLabels(f.kindList)},
+        {QStringLiteral("Quantidade"), 90, Kind::Decimal},
         {QStringLiteral("Sistema de Tratamento"), 250},
         {QStringLiteral("Disposição Final"), 200},
     };
     // A treatment or disposal left empty still lists the row, with an empty cell; one that the
     // dictionary lost hides it.
-    f.query = QStringLiteral("Select e.IEFLNTLIQDO, ") + decimalShown("e.QEFLNTLIQDO") +
-              QStringLiteral(", t.DTRATM, d.DDISPSFINAL From TB_POSTOEFLNTLIQDO e"
-                             " Left Join DICNRTRATM t On t.NTRATM = e.NTRATM"
-                             " Left Join DICNRDISPSFINAL d On d.NDISPSFINAL = e.NDISPSFINAL"
-                             " Where e.NMUNCP = ? And e.NSEQNC = ?"
-                             " And (e.NTRATM Is Null Or t.NTRATM Is Not Null)"
-                             " And (e.NDISPSFINAL Is Null Or d.NDISPSFINAL Is Not Null)"
-                             " Order By e.IEFLNTLIQDO");
+    f.query = QStringLiteral(
+        "Select e.IEFLNTLIQDO, e.QEFLNTLIQDO, t.DTRATM, d.DDISPSFINAL From TB_POSTOEFLNTLIQDO e"
+        " Left Join DICNRTRATM t On t.NTRATM = e.NTRATM"
+        " Left Join DICNRDISPSFINAL d On d.NDISPSFINAL = e.NDISPSFINAL"
+        " Where e.NMUNCP = ? And e.NSEQNC = ?"
+        " And (e.NTRATM Is Null Or t.NTRATM Is Not Null)"
+        " And (e.NDISPSFINAL Is Null Or d.NDISPSFINAL Is Not Null)"
+        " Order By e.IEFLNTLIQDO");
     f.insertOperation = QStringLiteral("Incluir Efluente");
     f.alterOperation = QStringLiteral("Alterar Efluente");
     return f;
@@ -131,16 +124,16 @@ KindFamily makeWaste() {
                              " where isitca='D' AND DDESTNRESDU<>'Outra' order by DDESTNRESDU")}},
     };
     f.columns = {
-        {QStringLiteral("Tipo"), 150, Kind::Text, captionsOf(f.kindList)},
-        {QStringLiteral("Quantidade"), 90},
-        {QStringLiteral("Unidade"), 70, Kind::Text, captionsOf("CUNIDDMEDDA.RESDU")},
+        {QStringLiteral("Tipo"), 150, Kind::Text, ui::codeLabels(f.kindList)},
+        {QStringLiteral("Quantidade"), 90, Kind::Decimal},
+        {QStringLiteral("Unidade"), 70, Kind::Text, ui::codeLabels("CUNIDDMEDDA.RESDU")},
         {QStringLiteral("Armazenamento"), 170},
         {QStringLiteral("Disposição Final"), 170},
     };
     // A unit that is none of the four reads "L/ano"; a row whose storage or destination the
     // dictionary lost is not listed.
-    f.query = QStringLiteral("Select r.IRESDU, ") + decimalShown("r.QRESDU") +
-              QStringLiteral(", Case When r.CUNIDDMEDDA In (2404, 2408, 2310) Then r.CUNIDDMEDDA"
+    f.query = QStringLiteral("Select r.IRESDU, r.QRESDU, Case When r.CUNIDDMEDDA In (2404, 2408, "
+                             "2310) Then r.CUNIDDMEDDA"
                              " Else 2311 End, a.DDESTNRESDU, d.DDESTNRESDU"
                              " From TB_POSTORESDU r, DICNRDESTNRESDU a, DICNRDESTNRESDU d"
                              " Where r.NMUNCP = ? And r.NSEQNC = ?"
@@ -179,7 +172,7 @@ KindFamily makeAirEmissions() {
           .length = 50}},
     };
     f.columns = {
-        {QStringLiteral("Fonte de Emissão"), 170, Kind::Text, captionsOf(f.kindList)},
+        {QStringLiteral("Fonte de Emissão"), 170, Kind::Text, ui::codeLabels(f.kindList)},
         {QStringLiteral("Dispositivo de controle"), 250},
         {QStringLiteral("Descrição"), 250},
     };
@@ -269,15 +262,15 @@ KindFamily makeNoise() {
          true},
     };
     f.columns = {
-        {QStringLiteral("Equipamento"), 170, Kind::Text, captionsOf(f.kindList)},
+        {QStringLiteral("Equipamento"), 170, Kind::Text, ui::codeLabels(f.kindList)},
         {QStringLiteral("Quantidade"), 75},
-        {QStringLiteral("Hora Início de Funcionamento"), 90},
-        {QStringLiteral("Hora Término de Funcionamento"), 90},
+        {QStringLiteral("Hora Início de Funcionamento"), 90, Kind::Time},
+        {QStringLiteral("Hora Término de Funcionamento"), 90, Kind::Time},
         {QStringLiteral("Medida de Controle"), 300, Kind::Text, measuresInTheGrid()},
     };
     f.query = QStringLiteral(
         "Select IFONTE, Case When QFONTE Is Null Then Null Else Cast(round(QFONTE) As Integer)"
-        " End, substr(HINICIFUNCM, 1, 5), substr(HTERMNFUNCM, 1, 5), DMEDDACONTR"
+        " End, HINICIFUNCM, HTERMNFUNCM, DMEDDACONTR"
         " From TB_POSTORUIDO Where NMUNCP = ? And NSEQNC = ? Order By IFONTE");
     f.insertOperation = QStringLiteral("Incluir Ruido");
     f.alterOperation = QStringLiteral("Alterar Ruido");
@@ -285,13 +278,6 @@ KindFamily makeNoise() {
 }
 
 } // namespace
-
-QHash<QString, QString> captionsOf(std::string_view list) {
-    QHash<QString, QString> captions;
-    for (const store::Code& code : store::codeList(list))
-        captions.insert(code.code.toString(), code.label);
-    return captions;
-}
 
 const KindFamily& effluents() {
     static const KindFamily family = makeEffluents();

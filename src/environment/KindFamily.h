@@ -79,9 +79,6 @@ const KindFamily& noise();
 // The list screen of a family.
 ui::ListDefinition kindList(const KindFamily& family);
 
-// The captions of a code list by code, as a grid shows them.
-QHash<QString, QString> captionsOf(std::string_view list);
-
 // The code of kind "Outros", which alone carries a description.
 inline const QString kOtherKind = QStringLiteral("O");
 

@@ -22,9 +22,4 @@ inline const QString kWaterTotal = QStringLiteral("5T");
 void rebuildWaterTotal(store::Database& db, const store::Row& registerKey,
                        const QVariant& informationDate);
 
-// Whether a stored source code is the total's.
-inline bool isWaterTotal(const QVariant& source) {
-    return source.toString() == kWaterTotal;
-}
-
 } // namespace environment

@@ -11,9 +11,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QMouseEvent>
-#include <QPushButton>
-#include <QTableWidget>
 #include <algorithm>
 
 namespace environment {
@@ -43,6 +40,8 @@ double quantity(const QLineEdit* edit) {
     return QString(edit->text()).replace(QLatin1Char(','), QLatin1Char('.')).toDouble();
 }
 
+} // namespace
+
 ui::ListDefinition waterList() {
     ui::ListDefinition def;
     def.name = QStringLiteral("frmPostoConsmAgua");
@@ -52,7 +51,7 @@ ui::ListDefinition waterList() {
     sources.frameTitle = QStringLiteral("Consumo Mensal de Água");
     sources.columns = {
         {QStringLiteral("Fonte de Abastecimento"), 150, ui::GridColumn::Kind::Text,
-         captionsOf("IFONTEABAST")},
+         ui::codeLabels("IFONTEABAST")},
         {QString(), 30},
         {QStringLiteral("Identificação"), 200},
         {QStringLiteral("Sanitário"), 80},
@@ -72,10 +71,12 @@ ui::ListDefinition waterList() {
     sources.insertOperation = kIncluirAgua;
     sources.alterOperation = kAlterarAgua;
     sources.deleteQuestion = QStringLiteral("Deseja Excluir o Item Selecionado?");
+    // The total follows its sources: it is never opened, changed or deleted from the list.
+    const QString totalCaption = store::labelOf("IFONTEABAST", kWaterTotal);
+    sources.fixedRow = [totalCaption](const QStringList& row) {
+        return row.value(0) == totalCaption;
+    };
     sources.cascade = [](store::Database& db, const ui::Session& s, const ui::ListSelection& rows) {
-        // The total is never deleted from the list: it follows its sources.
-        if (isWaterTotal(rows.mainStored.value(0)))
-            return;
         store::Row key = s.keyRow();
         key.insert(QStringLiteral("IFONTEABAST"), rows.mainStored.value(0));
         key.insert(QStringLiteral("NFONTEABASTIDENT"), rows.mainStored.value(1));
@@ -87,45 +88,6 @@ ui::ListDefinition waterList() {
         return new WaterMaintenance(host);
     };
     return def;
-}
-
-} // namespace
-
-// ---- the list -------------------------------------------------------------------------------
-
-WaterList::WaterList(ui::ScreenHost& host, QWidget* parent)
-    : ui::ListScreen(host, waterList(), parent) {
-    grid(0)->viewport()->installEventFilter(this);
-    connect(grid(0), &QTableWidget::currentCellChanged, this, &WaterList::followRow);
-    // After the list's own handling of a delete, which sets the buttons again.
-    connect(findChild<QPushButton*>(QStringLiteral("cmdExcluir")), &QPushButton::clicked, this,
-            &WaterList::followRow);
-}
-
-void WaterList::enter() {
-    ui::ListScreen::enter();
-    followRow();
-}
-
-bool WaterList::onTotal() const {
-    return currentRow(0) > 0 && isWaterTotal(selection().mainStored.value(0));
-}
-
-void WaterList::followRow() {
-    const bool open = dataRows(0) > 0 && !onTotal();
-    findChild<QPushButton*>(QStringLiteral("cmdAlterar"))->setEnabled(open);
-    findChild<QPushButton*>(QStringLiteral("cmdExcluir"))->setEnabled(open);
-}
-
-bool WaterList::eventFilter(QObject* watched, QEvent* event) {
-    // A double click on the total opens nothing.
-    if (watched == grid(0)->viewport() && event->type() == QEvent::MouseButtonDblClick) {
-        const QPoint at = static_cast<QMouseEvent*>(event)->position().toPoint();
-        const QTableWidgetItem* item = grid(0)->itemAt(at);
-        if (item && isWaterTotal(grid(0)->item(item->row(), 0)->data(Qt::UserRole)))
-            return true;
-    }
-    return ui::ListScreen::eventFilter(watched, event);
 }
 
 // ---- the maintenance screen -------------------------------------------------------------

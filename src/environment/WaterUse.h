@@ -8,24 +8,9 @@ class QLineEdit;
 
 namespace environment {
 
-// frmPostoConsmAgua: the register's sources of water and, last, their total. The total row is
-// the program's own: it can be neither opened nor changed nor deleted, whichever way it is
-// chosen.
-class WaterList : public ui::ListScreen {
-    Q_OBJECT
-
-public:
-    explicit WaterList(ui::ScreenHost& host, QWidget* parent = nullptr);
-    void enter() override;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
-    bool onTotal() const;
-    // cmdAlterar and cmdExcluir follow the selected row: off on the total.
-    void followRow();
-};
+// frmPostoConsmAgua: the register's sources of water and, last, their total, which the program
+// keeps: it can be neither opened nor changed nor deleted, whichever way it is chosen.
+ui::ListDefinition waterList();
 
 // frmPostoConsmAguaM: one source of water, with the total rebuilt in the same transaction.
 class WaterMaintenance : public ui::MaintenanceScreen {
